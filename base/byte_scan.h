@@ -1,0 +1,24 @@
+// Scanning bytes at the speed of memory: find a byte, find either of two, count.
+//
+// Written with SSE2 where the target has it (every target that ships), with plain loops elsewhere; the plain
+// loops are also what the tests compare against. The C run-time's memchr on the shipping targets goes byte by
+// byte, which is why these exist. All functions return an offset from the front of `text`, or `text.size()`
+// when nothing was found.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace tarrow {
+
+std::size_t FindByte(std::string_view text, char byte);
+std::size_t FindEitherByte(std::string_view text, char first, char second);
+std::size_t CountByte(std::string_view text, char byte);
+
+// The first byte of 0x80 or above.
+std::size_t FindHighByte(std::string_view text);
+
+// The last occurrence of `byte`.
+std::size_t FindLastByte(std::string_view text, char byte);
+
+}  // namespace tarrow

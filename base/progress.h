@@ -1,0 +1,46 @@
+// How a long operation stays interruptible: it polls a Progress, which may show how far it is and may throw
+// CYieldException when the user has had enough. Nothing in an engine freezes its caller.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+
+namespace tarrow {
+
+class Progress {
+ public:
+  virtual ~Progress() = default;
+
+  // Called every few hundredths of a second; may dispatch messages. Throws CYieldException to abandon.
+  virtual void Poll() = 0;
+};
+
+// Turns calls from an inner loop into polls by time: Tick() costs a decrement and only looks at the clock
+// every `kStride` calls. A null progress makes it a no-op.
+class ProgressTicker {
+ public:
+  explicit ProgressTicker(Progress* progress) : progress_(progress) {}
+
+  void Tick() {
+    if (--countdown_ <= 0) Look();
+  }
+
+ private:
+  static constexpr int kStride = 4096;
+  static constexpr std::chrono::milliseconds kPeriod{40};
+
+  void Look() {
+    countdown_ = kStride;
+    if (!progress_) return;
+    auto now = std::chrono::steady_clock::now();
+    if (now - last_ < kPeriod) return;
+    last_ = now;
+    progress_->Poll();
+  }
+
+  Progress* progress_;
+  int countdown_ = kStride;
+  std::chrono::steady_clock::time_point last_ = std::chrono::steady_clock::now();
+};
+
+}  // namespace tarrow

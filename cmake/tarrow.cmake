@@ -1,0 +1,80 @@
+# The words in which the folders describe themselves: tarrow_engine, tarrow_window, tarrow_engine_tests ...
+
+option(TARROW_TESTS "Build the tests" ON)
+option(TARROW_BENCH "Build the benchmarks" OFF)
+option(TARROW_FUZZ "Build the fuzz targets (needs clang)" OFF)
+option(TARROW_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+
+if(NOT CMAKE_BUILD_TYPE)
+  set(CMAKE_BUILD_TYPE Release CACHE STRING "" FORCE)
+endif()
+
+find_program(CCACHE ccache)
+if(CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+add_library(tarrow_flags INTERFACE)
+target_compile_options(tarrow_flags INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+if(WIN32)
+  target_compile_definitions(tarrow_flags INTERFACE
+    UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX STRICT
+    WINVER=0x0601 _WIN32_WINNT=0x0601 _WIN32_IE=0x0700)
+  # Message-map thunks and GetProcAddress convert between function types on purpose.
+  target_compile_options(tarrow_flags INTERFACE -Wno-cast-function-type)
+  target_link_options(tarrow_flags INTERFACE -static -Wl,--dynamicbase -Wl,--nxcompat)
+  if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+    target_compile_options(tarrow_flags INTERFACE -msse2 -mfpmath=sse)
+    target_link_options(tarrow_flags INTERFACE -Wl,--large-address-aware)
+  else()
+    target_link_options(tarrow_flags INTERFACE -Wl,--high-entropy-va)
+  endif()
+endif()
+if(TARROW_SANITIZE)
+  target_compile_options(tarrow_flags INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -g)
+  target_link_options(tarrow_flags INTERFACE -fsanitize=address,undefined)
+  target_compile_definitions(tarrow_flags INTERFACE TARROW_CHECKED=1 _GLIBCXX_ASSERTIONS)
+endif()
+if(TARROW_FUZZ)
+  target_compile_options(tarrow_flags INTERFACE
+    -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -g)
+  target_link_options(tarrow_flags INTERFACE -fsanitize=address,undefined)
+  target_compile_definitions(tarrow_flags INTERFACE TARROW_CHECKED=1)
+endif()
+
+# Adds portable sources of this folder to tarrow_core.
+function(tarrow_engine)
+  list(TRANSFORM ARGN PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
+  target_sources(tarrow_core PRIVATE ${ARGN})
+endfunction()
+
+# Adds Windows sources of this folder to tarrow_windows; elsewhere they are not built.
+function(tarrow_window)
+  if(WIN32)
+    list(TRANSFORM ARGN PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
+    target_sources(tarrow_windows PRIVATE ${ARGN})
+  endif()
+endfunction()
+
+# Tests of engines: run natively, under sanitizers, and under Wine in both widths.
+function(tarrow_engine_tests)
+  list(TRANSFORM ARGN PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
+  target_sources(engine_tests PRIVATE ${ARGN})
+endfunction()
+
+# Tests against real windows and a real message pump: run under Wine in both widths.
+function(tarrow_window_tests)
+  if(WIN32)
+    list(TRANSFORM ARGN PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
+    target_sources(window_tests PRIVATE ${ARGN})
+  endif()
+endfunction()
+
+# A libFuzzer target from one source.
+function(tarrow_fuzzer name source)
+  add_executable(${name} ${source})
+  target_link_libraries(${name} PRIVATE tarrow_core)
+  target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+endfunction()

@@ -1,0 +1,42 @@
+#include "base/byte_scan.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+namespace tarrow {
+namespace {
+
+// Every function against its one-line definition, over texts of every length around the block size, at every
+// alignment, with few and many hits.
+TEST(ByteScan, AgreesWithItsDefinitionAtEveryLengthAndAlignment) {
+  std::mt19937 random(1);
+  std::string store(400, 'x');
+  for (int hits : {2, 16, 300}) {
+    for (char& c : store) {
+      unsigned r = random();
+      c = r % static_cast<unsigned>(hits) == 0 ? "ab\xC3\x80"[r / 512 % 4] : 'x';
+    }
+    for (std::size_t start = 0; start < 20; ++start) {
+      for (std::size_t n = 0; n < 100; ++n) {
+        std::string_view text = std::string_view(store).substr(start, n);
+        auto index = [&](auto it) { return static_cast<std::size_t>(it - text.begin()); };
+        ASSERT_EQ(FindByte(text, 'a'), index(std::find(text.begin(), text.end(), 'a')));
+        ASSERT_EQ(FindEitherByte(text, 'a', 'b'),
+                  index(std::find_if(text.begin(), text.end(), [](char c) { return c == 'a' || c == 'b'; })));
+        ASSERT_EQ(FindHighByte(text),
+                  index(std::find_if(text.begin(), text.end(), [](char c) { return (c & 0x80) != 0; })));
+        ASSERT_EQ(CountByte(text, 'a'), static_cast<std::size_t>(std::count(text.begin(), text.end(), 'a')));
+        ASSERT_EQ(FindLastByte(text, 'a'), std::min(text.rfind('a'), text.size()));
+      }
+    }
+  }
+}
+
+TEST(ByteScan, CountsMoreHitsThanALaneHolds) {
+  EXPECT_EQ(CountByte(std::string(100'003, 'a'), 'a'), 100'003u);
+}
+
+}  // namespace
+}  // namespace tarrow
