@@ -78,3 +78,17 @@ function(tarrow_fuzzer name source)
   target_link_libraries(${name} PRIVATE tarrow_core)
   target_link_options(${name} PRIVATE -fsanitize=fuzzer)
 endfunction()
+
+# A benchmark: a program that takes --quick, asserts what it measures, and prints a table of ratios. `./bench`
+# runs those of the native build, and those that only Windows has under Wine.
+function(tarrow_benchmark name)
+  add_executable(${name} ${ARGN})
+  target_link_libraries(${name} PRIVATE tarrow_core)
+endfunction()
+
+function(tarrow_window_benchmark name)
+  if(WIN32)
+    add_executable(${name} ${ARGN})
+    target_link_libraries(${name} PRIVATE tarrow_windows)
+  endif()
+endfunction()
