@@ -1,0 +1,109 @@
+#include "framework/mdi.h"
+
+#include "framework/unicode.h"
+
+#include <vector>
+
+namespace tarrow {
+
+constinit const MessageMap CMDIFrameWnd::kMessageMap = MessageMap::Make<&CWnd::kMessageMap>();
+constinit const MessageMap CMDIChildWnd::kMessageMap = MessageMap::Make<&CWnd::kMessageMap>();
+
+bool CMDIFrameWnd::CreateFrame(const WindowClass& windowClass, const WindowSpec& spec) {
+  return Create(windowClass, spec);
+}
+
+bool CMDIFrameWnd::CreateClient(HMENU windowMenu) {
+  CLIENTCREATESTRUCT create{windowMenu, kFirstWindowId};
+  client_ =
+      ::CreateWindowExW(WS_EX_CLIENTEDGE, L"MDICLIENT", nullptr,
+                        WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | WS_VSCROLL | WS_HSCROLL,
+                        0, 0, 0, 0, Handle(), reinterpret_cast<HMENU>(1), ModuleInstance(), &create);
+  return client_ != nullptr;
+}
+
+CMDIChildWnd* CMDIFrameWnd::ActiveChild() const {
+  auto active = reinterpret_cast<HWND>(::SendMessageW(client_, WM_MDIGETACTIVE, 0, 0));
+  return dynamic_cast<CMDIChildWnd*>(FromHandle(active));
+}
+
+bool CMDIFrameWnd::ActiveChildIsMaximised() const {
+  BOOL maximised = FALSE;
+  ::SendMessageW(client_, WM_MDIGETACTIVE, 0, reinterpret_cast<LPARAM>(&maximised));
+  return maximised != FALSE;
+}
+
+bool CMDIFrameWnd::ForEachChild(const std::function<bool(CMDIChildWnd&)>& visit) const {
+  std::vector<HWND> children;
+  for (HWND w = ::GetWindow(client_, GW_CHILD); w; w = ::GetWindow(w, GW_HWNDNEXT))
+    if (!::GetWindow(w, GW_OWNER)) children.push_back(w);  // an owned window is an icon title
+  for (HWND w : children)
+    if (auto* child = dynamic_cast<CMDIChildWnd*>(FromHandle(w)); child && !visit(*child)) return false;
+  return true;
+}
+
+void CMDIFrameWnd::ActivateChild(CMDIChildWnd& child) {
+  if (::IsIconic(child.Handle()))
+    ::SendMessageW(client_, WM_MDIRESTORE, reinterpret_cast<WPARAM>(child.Handle()), 0);
+  ::SendMessageW(client_, WM_MDIACTIVATE, reinterpret_cast<WPARAM>(child.Handle()), 0);
+}
+
+void CMDIFrameWnd::MaximiseChild(CMDIChildWnd& child) {
+  ::SendMessageW(client_, WM_MDIMAXIMIZE, reinterpret_cast<WPARAM>(child.Handle()), 0);
+}
+
+bool CMDIFrameWnd::QueryCommand(UINT id, CommandState& state) const {
+  CMDIChildWnd* child = client_ ? ActiveChild() : nullptr;
+  return (child && child->QueryCommand(id, state)) || CWnd::QueryCommand(id, state);
+}
+
+bool CMDIFrameWnd::RunCommand(UINT id, UINT code, HWND control, LRESULT& result) {
+  if (!control)
+    if (CMDIChildWnd* child = ActiveChild(); child && child->RunCommand(id, code, control, result))
+      return true;
+  return CWnd::RunCommand(id, code, control, result);
+}
+
+LRESULT CMDIFrameWnd::DefaultProc(UINT message, WPARAM w, LPARAM l) {
+  return ::DefFrameProcW(Handle(), client_, message, w, l);
+}
+
+bool CMDIChildWnd::CreateChild(CMDIFrameWnd& frame, const WindowClass& windowClass, std::string_view title,
+                               DWORD style, bool maximised) {
+  frame_ = &frame;
+  WindowSpec spec;
+  spec.title = ToWide(title);
+  spec.style = WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | WS_OVERLAPPEDWINDOW | WS_VISIBLE | style |
+               (maximised ? WS_MAXIMIZE : 0);
+  spec.exStyle = WS_EX_MDICHILD;
+  spec.parent = frame.Client();
+  return Create(windowClass, spec);
+}
+
+bool CMDIChildWnd::IsActive() const {
+  return frame_->ActiveChild() == this;
+}
+
+LRESULT CMDIChildWnd::DefaultProc(UINT message, WPARAM w, LPARAM l) {
+  return ::DefMDIChildProcW(Handle(), message, w, l);
+}
+
+// These the MDI keeps its own books by: they reach it whatever a handler did.
+LRESULT CMDIChildWnd::WindowProc(UINT message, WPARAM w, LPARAM l) {
+  LRESULT result = CWnd::WindowProc(message, w, l);
+  if (!Exists() || DefaultWasCalled()) return result;
+  switch (message) {
+    case WM_CHILDACTIVATE:
+    case WM_GETMINMAXINFO:
+    case WM_MENUCHAR:
+    case WM_MOVE:
+    case WM_SETFOCUS:
+    case WM_SIZE:
+    case WM_SYSCOMMAND:
+      return Default();
+    default:
+      return result;
+  }
+}
+
+}  // namespace tarrow

@@ -1,0 +1,75 @@
+// The MDI frame and its children.
+//
+// The frame owns the client window and hands a command first to the active child, then handles it itself. The
+// children belong to their windows: a child deletes itself when its window is gone. Menu items and tool
+// buttons ask the same way whether a command can run.
+#pragma once
+
+#include "framework/wnd.h"
+
+#include <functional>
+
+namespace tarrow {
+
+class CMDIChildWnd;
+
+class CMDIFrameWnd : public CWnd {
+ public:
+  // Creates the frame. The client window is made in its WM_CREATE (see CreateClient).
+  [[nodiscard]] bool CreateFrame(const WindowClass& windowClass, const WindowSpec& spec);
+
+  HWND Client() const { return client_; }
+
+  // The active child, or null.
+  CMDIChildWnd* ActiveChild() const;
+  bool ActiveChildIsMaximised() const;
+
+  // Calls `visit` for each child from the top of the z-order, icon titles skipped, until it returns false.
+  // Returns whether all were visited. Children may be destroyed on the way.
+  bool ForEachChild(const std::function<bool(CMDIChildWnd&)>& visit) const;
+
+  void ActivateChild(CMDIChildWnd& child);
+  void MaximiseChild(CMDIChildWnd& child);
+
+  bool QueryCommand(UINT id, CommandState& state) const override;
+  bool RunCommand(UINT id, UINT code, HWND control, LRESULT& result) override;
+
+ protected:
+  static const MessageMap kMessageMap;
+  const MessageMap& GetMessageMap() const override { return kMessageMap; }
+
+  // Makes the client window; the identifiers of the window list in `windowMenu` start at kFirstWindowId.
+  [[nodiscard]] bool CreateClient(HMENU windowMenu);
+
+  LRESULT DefaultProc(UINT message, WPARAM w, LPARAM l) override;
+
+ public:
+  static constexpr UINT kFirstWindowId = 0xFF00;
+
+ private:
+  HWND client_ = nullptr;
+};
+
+class CMDIChildWnd : public CWnd {
+ public:
+  // Creates the child in the frame's client window; the object then belongs to its window. False when the
+  // window could not be made or its WM_CREATE refused.
+  [[nodiscard]] bool CreateChild(CMDIFrameWnd& frame, const WindowClass& windowClass, std::string_view title,
+                                 DWORD style, bool maximised);
+
+  CMDIFrameWnd& Frame() const { return *frame_; }
+  bool IsActive() const;
+
+ protected:
+  static const MessageMap kMessageMap;
+  const MessageMap& GetMessageMap() const override { return kMessageMap; }
+
+  LRESULT DefaultProc(UINT message, WPARAM w, LPARAM l) override;
+  LRESULT WindowProc(UINT message, WPARAM w, LPARAM l) override;
+  void OnFinalMessage() override { delete this; }
+
+ private:
+  CMDIFrameWnd* frame_ = nullptr;
+};
+
+}  // namespace tarrow

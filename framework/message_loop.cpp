@@ -1,0 +1,65 @@
+#include "framework/message_loop.h"
+
+#include "framework/wnd.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace tarrow {
+namespace {
+
+std::vector<HWND>& Modeless() {
+  static std::vector<HWND> dialogs;
+  return dialogs;
+}
+
+bool TakenByDialog(MSG& message) {
+  auto& dialogs = Modeless();
+  std::erase_if(dialogs, [](HWND dialog) { return !::IsWindow(dialog); });
+  return std::any_of(dialogs.begin(), dialogs.end(),
+                     [&](HWND dialog) { return ::IsDialogMessageW(dialog, &message) != 0; });
+}
+
+bool TakenByFrame(MSG& message, const MessageLoop::Targets& targets) {
+  // While the mouse is held in a window (a selection is being drawn), a command must not change what is under
+  // it.
+  if (!targets.frame || ::GetCapture()) return false;
+  if (targets.accelerators && ::TranslateAcceleratorW(targets.frame, targets.accelerators, &message))
+    return true;
+  return targets.mdiClient && ::TranslateMDISysAccel(targets.mdiClient, &message);
+}
+
+bool TakenByWindow(const MSG& message) {
+  CWnd* window = CWnd::FromHandle(message.hwnd);
+  return window && window->PreDispatch(message);
+}
+
+}  // namespace
+
+void MessageLoop::AddModeless(HWND dialog) {
+  Modeless().push_back(dialog);
+}
+
+// The accelerators come before the MDI keys, so that Ctrl+Tab and Ctrl+F4 can be bound to commands.
+void MessageLoop::Handle(MSG& message, const Targets& targets) {
+  if (TakenByDialog(message) || TakenByFrame(message, targets)) return;
+  ::TranslateMessage(&message);
+  if (!TakenByWindow(message)) ::DispatchMessageW(&message);
+}
+
+int MessageLoop::Run(const std::function<Targets()>& targets, const std::function<void()>& idle) {
+  MSG message{};
+  bool idled = false;
+  for (;;) {
+    if (!idled && !::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE)) {
+      if (idle) idle();
+      idled = true;
+    }
+    BOOL more = ::GetMessageW(&message, nullptr, 0, 0);
+    if (more <= 0) return static_cast<int>(message.wParam);
+    Handle(message, targets());
+    idled = false;
+  }
+}
+
+}  // namespace tarrow
