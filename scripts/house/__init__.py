@@ -1,0 +1,1 @@
+"""The rules of the house: which file may include which, how large things may be, what is never written."""

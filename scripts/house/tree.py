@@ -1,0 +1,45 @@
+"""The files of the project as the rules see them."""
+
+import functools
+import pathlib
+import subprocess
+
+# The floors of the house, from the ground up. What stands on one floor may use the floors below it.
+GROUND = ["base", "framework"]
+SHARED_ROOMS = ["edit", "ui"]
+ROOMS = ["search", "tools", "viewer", "project", "print"]
+TOP = ["shell", "console", "wrapper"]
+PROGRAM = GROUND + SHARED_ROOMS + ROOMS + TOP
+
+
+class Tree:
+    """The files under a root: those that git knows or would add, or all where there is no git."""
+
+    def __init__(self, root):
+        self.root = pathlib.Path(root).resolve()
+
+    @functools.cached_property
+    def files(self):
+        listed = subprocess.run(["git", "ls-files", "--cached", "--others", "--exclude-standard"],
+                                cwd=self.root, capture_output=True, text=True)
+        if listed.returncode == 0:
+            names = listed.stdout.splitlines()
+        else:
+            names = [str(path.relative_to(self.root)) for path in self.root.rglob("*")]
+        return sorted(name for name in names if (self.root / name).is_file())
+
+    @functools.cached_property
+    def sources(self):
+        """C++ files, by their names from the root."""
+        return [name for name in self.files if name.endswith((".h", ".cpp", ".inc"))]
+
+    @functools.cache
+    def text(self, name):
+        return (self.root / name).read_text(encoding="utf-8", errors="replace")
+
+    def lines(self, name):
+        return self.text(name).splitlines()
+
+
+def folder_of(name):
+    return name.split("/")[0]
