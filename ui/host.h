@@ -16,6 +16,7 @@
 
 namespace tarrow {
 
+class CMDIChildWnd;
 class CMDIFrameWnd;
 
 // The panes of the status bar that windows publish into; the states are positions in the pane's list of
@@ -28,8 +29,9 @@ class Host {
   // Without an owner the frame owns the box.
   virtual int ShowMessageBox(HWND owner, UINT style, int id, std::initializer_list<FormatArg> args = {}) = 0;
 
-  // The warning beep `sound` (MB_ICONSTOP ...); flashes the frame too when the user wants visible alerts.
-  virtual void Alert(UINT sound) = 0;
+  // The warning beep `sound` (MB_ICONSTOP ...); when the user wants visible alerts, the title of the frame
+  // flashes too, or that of `window` unless it is maximised.
+  virtual void Alert(UINT sound, const CMDIChildWnd* window = nullptr) = 0;
 
   // Reports a failed file operation: the stop beep, then file and cause.
   virtual void ShowFileError(HWND owner, const CFileException& error) = 0;
@@ -52,6 +54,25 @@ class Host {
 
   // Opens a file in a window of its own, or brings its window to the top. Returns whether a window shows it.
   virtual bool OpenFile(std::string_view path, bool readOnly, bool hexView) = 0;
+
+  // Notes a file that was opened as the most recent one.
+  virtual void AddRecentFile(std::string_view path) = 0;
+
+  // What becomes of a document window, told by itself. `first`: no other was active before; `last`: no other
+  // takes its place.
+  virtual void ChildOpened(CMDIChildWnd& child) = 0;
+  virtual void ChildActivated(CMDIChildWnd& child, bool first) = 0;
+  virtual void ChildDeactivated(CMDIChildWnd& child, bool last) = 0;
+  virtual void ChildClosed(CMDIChildWnd& child) = 0;
+
+  // The current directory is another one, or may be.
+  virtual void DirectoryChanged() = 0;
+
+  // Runs the popup menu of an edit window at a place on the screen.
+  virtual void ShowPopupMenu(POINT screen) = 0;
+
+  // The font that new edit windows get.
+  virtual LOGFONTW ScreenFont() const = 0;
 
   // Opens the help file at a context number.
   virtual void ShowHelp(HWND owner, unsigned context) = 0;
