@@ -1,5 +1,6 @@
 #include "framework/dialog.h"
 
+#include "framework/ctl3d.h"
 #include "framework/message_loop.h"
 #include "framework/unicode.h"
 
@@ -98,15 +99,19 @@ LRESULT CDialog::DefaultProc(UINT, WPARAM, LPARAM) {
 }
 
 LRESULT CDialog::WindowProc(UINT message, WPARAM w, LPARAM l) {
+  const Ctl3dBinding* ctl3d = Ctl3dBinding::Current();
   if (message == WM_INITDIALOG) {
+    if (ctl3d) ctl3d->Adopt(Handle());
     LoadFields();
     return OnInitDialog();
   }
   LRESULT result = CWnd::WindowProc(message, w, l);
-  if (DefaultWasCalled()) return FALSE;
+  bool colour = message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC;
+  if (DefaultWasCalled())
+    return ctl3d && colour ? reinterpret_cast<LRESULT>(ctl3d->ControlColor(message, w, l)) : FALSE;
   // These answers are returned as they are; every other goes through DWLP_MSGRESULT.
-  bool direct = (message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC) || message == WM_COMPAREITEM ||
-                message == WM_VKEYTOITEM || message == WM_CHARTOITEM || message == WM_QUERYDRAGICON;
+  bool direct = colour || message == WM_COMPAREITEM || message == WM_VKEYTOITEM || message == WM_CHARTOITEM ||
+                message == WM_QUERYDRAGICON;
   if (direct) return result;
   if (Exists()) ::SetWindowLongPtrW(Handle(), DWLP_MSGRESULT, result);
   return TRUE;
