@@ -1,6 +1,6 @@
 #include "edit/child.h"
 
-#include "framework/file_system.h"
+#include "framework/directories.h"
 #include "framework/font_dialog.h"
 #include "ui/commands.h"
 #include "ui/string_ids.h"
@@ -21,7 +21,7 @@ constinit const MessageMap CTwChild::kMessageMap = MessageMap::Make<
 
 CTwChild::CTwChild(Host& host, std::uint32_t flags)
     : host_(host),
-      flags_((flags & kSavedChildFlags) | kUntitled),
+      flags_((flags & kSessionFlags) | kUntitled),
       directory_(WorkingDirectory()),
       fontChoice_(host.ScreenFont()),
       font_(::CreateFontIndirectW(&fontChoice_)) {}
@@ -31,10 +31,10 @@ bool CTwChild::QuerySave(int) {
 }
 
 void CTwChild::PublishState() {
-  host_.PublishIndicator(Indicator::kInsertMode, Has(kOvertype));
-  host_.PublishIndicator(Indicator::kEditMode, Has(kReadOnly));
-  host_.PublishIndicator(Indicator::kModification, Has(kModified));
-  host_.PublishIndicator(Indicator::kIndentation, Has(kIndent) ? 2 : Has(kAlign) ? 1 : 0);
+  host_.PublishIndicator(Indicator::kInsertMode, InsertModeState(flags_));
+  host_.PublishIndicator(Indicator::kEditMode, EditModeState(flags_));
+  host_.PublishIndicator(Indicator::kModification, ModificationState(flags_));
+  host_.PublishIndicator(Indicator::kIndentation, IndentationState(flags_));
 }
 
 void CTwChild::SetPath(std::string path) {
@@ -95,7 +95,7 @@ void CTwChild::EnterDirectory() {
 }
 
 void CTwChild::OnSize(UINT kind, int, int) {
-  if (Has(kTextEdit) && !Has(kUntitled)) ShowTitle(kind == SIZE_MINIMIZED);
+  if (Has(kTextWindow) && !Has(kUntitled)) ShowTitle(kind == SIZE_MINIMIZED);
 }
 
 void CTwChild::ShowTitle(bool minimised) {

@@ -1,6 +1,6 @@
-// The bits of a document window: how it was opened, what it shows, what state it is in.
+// The flags word of a document window, and how its toggles depend on one another.
 //
-// The low six are kept in the session list of tarrow.ini, so no number ever changes.
+// The low six bits are kept in the session list, so their numbers never change.
 #pragma once
 
 #include "ui/global_settings.h"
@@ -11,33 +11,54 @@ namespace tarrow {
 
 enum ChildFlag : std::uint32_t {
   kReadOnly = 0x1,
-  kViewInHex = 0x2,  // asks for a file view instead of an edit window
+  kViewInHex = 0x2,
   kHorizontalScroll = 0x4,
   kVerticalScroll = 0x8,
-  kAlign = 0x10,   // maintain indentation
-  kIndent = 0x20,  // block indent; never set without kAlign
-  kTextEdit = 0x40,
+  kAlignLines = 0x10,    // maintain indentation
+  kIndentBlocks = 0x20,  // block indent; never without kAlignLines
+  kTextWindow = 0x40,
   kUntitled = 0x80,
   kOvertype = 0x100,
   kModified = 0x200,
 };
 
-inline constexpr std::uint32_t kSavedChildFlags = 0x3F;
+inline constexpr std::uint32_t kSessionFlags = 0x3F;
 
-// The bits of a window that no session remembers.
-constexpr std::uint32_t DefaultChildFlags(const GlobalSettings& settings) {
-  return (settings.Has(kNoHorizontalScroll) ? 0u : kHorizontalScroll) |
-         (settings.Has(kNoVerticalScroll) ? 0u : kVerticalScroll) |
-         (settings.Has(kMaintainIndentation) ? kAlign : 0u) | (settings.Has(kBlockIndent) ? kIndent : 0u);
+// The flags of a new window that is not restored from a session.
+constexpr std::uint32_t NewWindowFlags(const GlobalSettings& settings) {
+  std::uint32_t flags = 0;
+  if (!settings.Has(kNoHorizontalScroll)) flags |= kHorizontalScroll;
+  if (!settings.Has(kNoVerticalScroll)) flags |= kVerticalScroll;
+  if (settings.Has(kMaintainIndentation)) flags |= kAlignLines;
+  if (settings.Has(kBlockIndent)) flags |= kAlignLines | kIndentBlocks;
+  return flags;
 }
 
-// `flags` after maintain indentation or block indent was toggled: neither leaves the other in a state that
-// makes no sense.
-constexpr std::uint32_t ToggleAlign(std::uint32_t flags) {
-  return (flags & kAlign) ? flags & ~std::uint32_t{kAlign | kIndent} : flags | kAlign;
+// Maintain Indentation: going off, it takes Block Indent with it.
+constexpr std::uint32_t ToggleAlignLines(std::uint32_t flags) {
+  flags ^= kAlignLines;
+  return flags & kAlignLines ? flags : flags & ~std::uint32_t{kIndentBlocks};
 }
-constexpr std::uint32_t ToggleIndent(std::uint32_t flags) {
-  return (flags & kIndent) ? flags & ~std::uint32_t{kIndent} : flags | kAlign | kIndent;
+
+// Block Indent: going on, it brings Maintain Indentation with it.
+constexpr std::uint32_t ToggleIndentBlocks(std::uint32_t flags) {
+  flags ^= kIndentBlocks;
+  return flags & kIndentBlocks ? flags | kAlignLines : flags;
+}
+
+// Which word of the status bar's pane the flags call for: a state of Indicator::kInsertMode, kEditMode,
+// kModification and kIndentation.
+constexpr int InsertModeState(std::uint32_t flags) {
+  return flags & kOvertype ? 1 : 0;
+}
+constexpr int EditModeState(std::uint32_t flags) {
+  return flags & kReadOnly ? 1 : 0;
+}
+constexpr int ModificationState(std::uint32_t flags) {
+  return flags & kModified ? 1 : 0;
+}
+constexpr int IndentationState(std::uint32_t flags) {
+  return flags & kIndentBlocks ? 2 : flags & kAlignLines ? 1 : 0;
 }
 
 }  // namespace tarrow

@@ -1,0 +1,39 @@
+// The dialogs in which a user names files: Open, Save As, Paste File.
+//
+// They are the system's own with a few controls added. Every name that comes back is a full path in UTF-8,
+// one name however many blanks it holds; nothing comes back when the user cancels.
+#pragma once
+
+#include "edit/file_format.h"
+
+#include <windows.h>
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarrow {
+
+struct OpenChoice {
+  std::vector<std::string> paths;
+  bool viewInHex = false;
+  bool readOnly = false;
+};
+
+// Several files, existing or new, and how to open them. Begins in the current directory, as they all do.
+[[nodiscard]] std::optional<OpenChoice> RunOpenDialog(HWND owner);
+
+// One existing file.
+[[nodiscard]] std::optional<std::string> RunPasteFileDialog(HWND owner);
+
+struct SaveChoice {
+  std::string path;
+  FileFormat format;
+};
+
+// A name for a text, beginning with `name`, and its format on the disk. Asks before an existing file is
+// chosen.
+[[nodiscard]] std::optional<SaveChoice> RunSaveAsDialog(HWND owner, std::string_view name, FileFormat format);
+
+}  // namespace tarrow
