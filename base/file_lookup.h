@@ -1,0 +1,57 @@
+// What an engine asks about the names on a disk: the program answers through framework/file_system.h, a test
+// with a table.
+//
+// Paths are UTF-8. A question about a name that does not exist is answered, never thrown.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarrow {
+
+// The attribute bits of a file, numbered as the platform numbers them.
+enum FileAttribute : std::uint32_t {
+  kAttributeReadOnly = 0x1,
+  kAttributeHidden = 0x2,
+  kAttributeSystem = 0x4,
+  kAttributeDirectory = 0x10,
+  kAttributeArchive = 0x20,
+  kAttributeNormal = 0x80,  // reported by itself when no other bit is set
+  kAttributeReparsePoint = 0x400,
+};
+
+struct DirectoryEntry {
+  std::string name;  // without its directory, in the case it has on disk
+  std::uint32_t attributes = 0;
+
+  bool IsDirectory() const { return (attributes & kAttributeDirectory) != 0; }
+};
+
+class FileLookup {
+ public:
+  virtual ~FileLookup() = default;
+
+  // The attribute bits of a file or directory, or nothing when it cannot be read.
+  [[nodiscard]] virtual std::optional<std::uint32_t> Attributes(std::string_view path) = 0;
+
+  // Whether the drive of a name such as "c:\x" is one that the system knows.
+  [[nodiscard]] virtual bool IsDriveKnown(char letter) = 0;
+
+  // The full form of `path`, or nothing when it has none or is too long (260 characters).
+  [[nodiscard]] virtual std::optional<std::string> FullPath(std::string_view path) = 0;
+
+  // Everything that a path with wildcards in its last component finds, "." and ".." included.
+  [[nodiscard]] virtual std::vector<DirectoryEntry> Find(std::string_view pattern) = 0;
+
+  // `path` in lower case, as the program shows and compares paths. It names the same file.
+  [[nodiscard]] virtual std::string Lower(std::string_view path) = 0;
+};
+
+// Whether `name` is a directory: by its look where it is a drive ("c:", "c:\", "c:."), else by its
+// attributes. A name with a wildcard never is.
+[[nodiscard]] bool IsDirectory(FileLookup& files, std::string_view name);
+
+}  // namespace tarrow
