@@ -1,0 +1,35 @@
+// The directories that the program lives among: the current one, the system's for temporary files, the user's
+// for settings, and the program's own; and names for temporary files.
+//
+// Paths are UTF-8. Operations throw CFileException naming the path.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tarrow {
+
+// The current directory, in lower case, without a backslash at its end except for a root.
+[[nodiscard]] std::string WorkingDirectory();
+
+// Makes a directory (and its drive) current. Throws.
+void ChangeWorkingDirectory(std::string_view path);
+
+// The system's directory for temporary files, with a backslash at its end.
+[[nodiscard]] std::string TemporaryDirectory();
+
+// The user's folder for the settings of programs, with a backslash at its end; empty when there is none.
+[[nodiscard]] std::string ApplicationDataDirectory();
+
+// The full path of the running program.
+[[nodiscard]] std::string ProgramPath();
+
+// A name in the system's directory for temporary files that no file has; the empty file is created, so that
+// the name stays free for the caller. A given extension of three characters takes the place of the name's
+// own.
+[[nodiscard]] std::string MakeTempName(std::string_view extension = {});
+
+// The same in a directory of the caller's choice, without an extension of choice.
+[[nodiscard]] std::string MakeTempNameIn(std::string_view directory);
+
+}  // namespace tarrow

@@ -1,0 +1,177 @@
+#include "framework/file_system.h"
+
+#include "base/exceptions.h"
+#include "base/path_text.h"
+#include "framework/handle.h"
+#include "framework/unicode.h"
+
+#include <windows.h>
+
+namespace tarrow {
+namespace {
+
+using FindHandle = UniqueHandle<HANDLE, ::FindClose>;
+
+constexpr std::wstring_view kDevicePrefix = L"\\\\.\\";
+
+std::uint64_t TimeOf(const FILETIME& time) {
+  return static_cast<std::uint64_t>(time.dwHighDateTime) << 32 | time.dwLowDateTime;
+}
+
+// The full form of `wide`, or an empty string when there is none, it is too long, or it is a device.
+std::wstring WideFullPath(const std::wstring& wide) {
+  wchar_t full[kMaxPath];
+  DWORD length = GetFullPathNameW(wide.c_str(), kMaxPath, full, nullptr);
+  if (length == 0 || length >= kMaxPath) return {};
+  std::wstring path(full, length);
+  return path.starts_with(kDevicePrefix) ? std::wstring() : path;
+}
+
+// `path` for a question: an empty string where an operation would refuse it.
+std::wstring WideOrEmpty(std::string_view path) {
+  std::wstring wide = ToWide(path);
+  return wide.size() < kMaxPath && wide.find(L'\0') == std::wstring::npos ? wide : std::wstring();
+}
+
+// An unknown drive that the path begins with; other paths have none.
+bool HasUnknownDrive(std::string_view path) {
+  return path.size() >= 2 && path[1] == ':' && !DiskLookup().IsDriveKnown(path[0]);
+}
+
+bool IsBareDrive(std::string_view path) {
+  return path.size() == 2 && path[1] == ':';
+}
+
+}  // namespace
+
+void ThrowLastFileError(std::string_view path) {
+  throw CFileException(FileCauseFromWindows(GetLastError()), std::string(path));
+}
+
+std::wstring CheckedWidePath(std::string_view path) {
+  std::wstring wide = WideOrEmpty(path);
+  if (wide.empty()) throw CFileException(FileCause::kBadPath, std::string(path));
+  return wide;
+}
+
+std::optional<FileStatus> GetFileStatus(std::string_view path) {
+  std::wstring full = WideFullPath(WideOrEmpty(path));
+  if (full.empty() || HasUnknownDrive(path)) return {};
+  FileStatus status;
+  status.fullName = ToUtf8(full);
+  WIN32_FILE_ATTRIBUTE_DATA data;
+  if (GetFileAttributesExW(full.c_str(), GetFileExInfoStandard, &data)) {
+    status.created = TimeOf(data.ftCreationTime);
+    status.modified = TimeOf(data.ftLastWriteTime);
+    status.accessed = TimeOf(data.ftLastAccessTime);
+    status.size = static_cast<std::uint64_t>(data.nFileSizeHigh) << 32 | data.nFileSizeLow;
+    status.attributes = data.dwFileAttributes;
+  } else if (IsBareDrive(path)) {
+    status.attributes = kAttributeDirectory;  // a drive without a medium is a directory all the same
+  } else {
+    return {};
+  }
+  return status;
+}
+
+bool FileExists(std::string_view path) {
+  return GetFileStatus(path).has_value();
+}
+
+bool IsDirectory(std::string_view name) {
+  DiskLookup disk;
+  return IsDirectory(disk, name);
+}
+
+std::string FullPath(std::string_view path) {
+  std::wstring full = WideFullPath(CheckedWidePath(path));
+  if (full.empty()) throw CFileException(FileCause::kBadPath, std::string(path));
+  return ToUtf8(full);
+}
+
+std::string FullPathLower(std::string_view path) {
+  return LowerCase(FullPath(path));
+}
+
+std::string TrueCase(std::string_view path) {
+  if (path.find_first_of("?*") != std::string_view::npos) return std::string(path);
+  WIN32_FIND_DATAW data;
+  FindHandle find(FindFirstFileW(WideOrEmpty(path).c_str(), &data));
+  if (find.Get() == INVALID_HANDLE_VALUE) {
+    (void)find.Release();
+    return std::string(path);
+  }
+  return std::string(DirectoryPart(path)) + ToUtf8(data.cFileName);
+}
+
+std::vector<DirectoryEntry> FindFiles(std::string_view pattern) {
+  std::vector<DirectoryEntry> entries;
+  WIN32_FIND_DATAW data;
+  std::wstring wide = WideOrEmpty(pattern);
+  HANDLE handle = wide.empty() ? INVALID_HANDLE_VALUE : FindFirstFileW(wide.c_str(), &data);
+  if (handle == INVALID_HANDLE_VALUE) return entries;
+  FindHandle find(handle);
+  do entries.push_back({ToUtf8(data.cFileName), data.dwFileAttributes});
+  while (FindNextFileW(handle, &data));
+  return entries;
+}
+
+void RemoveFile(std::string_view path) {
+  if (!DeleteFileW(CheckedWidePath(path).c_str())) ThrowLastFileError(path);
+}
+
+void RenameFile(std::string_view from, std::string_view to) {
+  std::wstring wideFrom = CheckedWidePath(from), wideTo = CheckedWidePath(to);
+  if (!MoveFileExW(wideFrom.c_str(), wideTo.c_str(), MOVEFILE_COPY_ALLOWED)) ThrowLastFileError(from);
+}
+
+void DuplicateFile(std::string_view from, std::string_view to, bool overwrite) {
+  std::wstring wideFrom = CheckedWidePath(from), wideTo = CheckedWidePath(to);
+  if (!CopyFileW(wideFrom.c_str(), wideTo.c_str(), !overwrite)) ThrowLastFileError(to);
+}
+
+void MakeDirectory(std::string_view path) {
+  if (!CreateDirectoryW(CheckedWidePath(path).c_str(), nullptr)) ThrowLastFileError(path);
+}
+
+void ChangeAttributes(std::string_view path, std::uint32_t attributes) {
+  if (!SetFileAttributesW(CheckedWidePath(path).c_str(), attributes)) ThrowLastFileError(path);
+}
+
+void ChangeModifiedTime(std::string_view path, std::uint64_t time) {
+  HANDLE handle = CreateFileW(CheckedWidePath(path).c_str(), FILE_WRITE_ATTRIBUTES,
+                              FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
+                              FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) ThrowLastFileError(path);
+  KernelHandle file(handle);
+  FILETIME value{static_cast<DWORD>(time), static_cast<DWORD>(time >> 32)};
+  if (!SetFileTime(handle, nullptr, nullptr, &value)) ThrowLastFileError(path);
+}
+
+std::optional<std::uint32_t> DiskLookup::Attributes(std::string_view path) {
+  std::wstring wide = WideOrEmpty(path);
+  DWORD attributes = wide.empty() ? INVALID_FILE_ATTRIBUTES : GetFileAttributesW(wide.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) return {};
+  return attributes;
+}
+
+bool DiskLookup::IsDriveKnown(char letter) {
+  wchar_t root[] = {static_cast<unsigned char>(letter), L':', L'\\', L'\0'};
+  UINT type = GetDriveTypeW(root);
+  return type != DRIVE_UNKNOWN && type != DRIVE_NO_ROOT_DIR;
+}
+
+std::optional<std::string> DiskLookup::FullPath(std::string_view path) {
+  std::wstring full = WideFullPath(WideOrEmpty(path));
+  if (full.empty()) return {};
+  return ToUtf8(full);
+}
+
+std::vector<DirectoryEntry> DiskLookup::Find(std::string_view pattern) {
+  return FindFiles(pattern);
+}
+std::string DiskLookup::Lower(std::string_view path) {
+  return LowerCase(path);
+}
+
+}  // namespace tarrow
