@@ -142,14 +142,20 @@ class Wine:
 
 
 def screenshot(display, path):
-    subprocess.run(["import", "-silent", "-display", display, "-window", "root", f"png:{path}"], check=True)
+    _import(display, f"png:{path}")
 
 
 def screen_hash(display):
     """A number that changes when anything on the screen does."""
-    picture = subprocess.run(["import", "-silent", "-display", display, "-window", "root", "rgb:-"],
-                             check=True, capture_output=True).stdout
-    return hash(picture)
+    return hash(_import(display, "rgb:-"))
+
+
+def _import(display, target):
+    result = subprocess.run(["import", "-silent", "-window", "root", target], capture_output=True,
+                            env=os.environ | {"DISPLAY": display})
+    if result.returncode != 0:
+        raise Failure(f"no picture of the screen {display}: {result.stderr.decode(errors='replace').strip()}")
+    return result.stdout
 
 
 def wait_until(condition, seconds, what, interval=0.02):
