@@ -1,0 +1,9 @@
+#include "edit/charset.h"
+
+namespace tarrow {
+
+const CodePage& SystemCodePage() {
+  return WesternCodePage();
+}
+
+}  // namespace tarrow
