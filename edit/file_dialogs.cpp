@@ -2,7 +2,9 @@
 
 #include "framework/com_ptr.h"
 #include "framework/directories.h"
+#include "framework/text_resources.h"
 #include "framework/unicode.h"
+#include "ui/string_ids.h"
 
 #include <shobjidl.h>
 
@@ -11,11 +13,7 @@ namespace {
 
 constexpr DWORD kHexBox = 1, kReadOnlyBox = 2, kFormatGroup = 3, kFormatList = 4;
 
-constexpr COMDLG_FILTERSPEC kFileTypes[] = {
-    {L"C and C++ files", L"*.c;*.cpp;*.cxx;*.cc;*.h;*.hpp;*.hxx;*.inl;*.rc;*.def"}, {L"All files", L"*.*"}};
-constexpr UINT kAllFiles = 2;  // one-based, as the dialog counts
-
-constexpr const wchar_t* kFormatNames[] = {L"DOS", L"Unix", L"Mac"};
+constexpr int kFormatNames[] = {kTextFormatDos, kTextFormatUnix, kTextFormatMac};
 
 std::string PathOf(IShellItem& item) {
   wchar_t* name = nullptr;
@@ -25,13 +23,23 @@ std::string PathOf(IShellItem& item) {
   return path;
 }
 
+void SetFilter(IFileDialog& dialog, std::string_view filter) {
+  std::vector<std::wstring> fields;
+  for (std::size_t bar; (bar = filter.find('|')) != std::string_view::npos; filter.remove_prefix(bar + 1))
+    fields.push_back(ToWide(filter.substr(0, bar)));
+  std::vector<COMDLG_FILTERSPEC> types;
+  for (std::size_t i = 0; i + 1 < fields.size(); i += 2)
+    types.push_back({fields[i].c_str(), fields[i + 1].c_str()});
+  if (!types.empty()) dialog.SetFileTypes(static_cast<UINT>(types.size()), types.data());
+}
+
 // What the three dialogs share: the current directory, the file types, and names on a disk only.
-void Prepare(IFileDialog& dialog, FILEOPENDIALOGOPTIONS set, FILEOPENDIALOGOPTIONS clear) {
+void Prepare(IFileDialog& dialog, std::string_view filter, FILEOPENDIALOGOPTIONS set,
+             FILEOPENDIALOGOPTIONS clear) {
   FILEOPENDIALOGOPTIONS options = 0;
   dialog.GetOptions(&options);
   dialog.SetOptions((options & ~clear) | set | FOS_FORCEFILESYSTEM | FOS_NOCHANGEDIR);
-  dialog.SetFileTypes(std::size(kFileTypes), kFileTypes);
-  dialog.SetFileTypeIndex(kAllFiles);
+  SetFilter(dialog, filter);
   IShellItem* folder = nullptr;
   ::SHCreateItemFromParsingName(ToWide(WorkingDirectory()).c_str(), nullptr, IID_IShellItem,
                                 reinterpret_cast<void**>(&folder));
@@ -62,10 +70,10 @@ bool IsChecked(IFileDialogCustomize& controls, DWORD id) {
 
 }  // namespace
 
-std::optional<OpenChoice> RunOpenDialog(HWND owner) {
+std::optional<OpenChoice> RunOpenDialog(HWND owner, std::string_view filter) {
   auto dialog = CreateComObject<IFileOpenDialog>(CLSID_FileOpenDialog);
   if (!dialog) return {};
-  Prepare(*dialog, FOS_ALLOWMULTISELECT, FOS_FILEMUSTEXIST);
+  Prepare(*dialog, filter, FOS_ALLOWMULTISELECT, FOS_FILEMUSTEXIST);
   auto controls = QueryInterfaceOf<IFileDialogCustomize>(*dialog);
   if (controls) {
     controls->AddCheckButton(kHexBox, L"View in He&x", FALSE);
@@ -80,10 +88,10 @@ std::optional<OpenChoice> RunOpenDialog(HWND owner) {
   return choice;
 }
 
-std::optional<std::string> RunPasteFileDialog(HWND owner) {
+std::optional<std::string> RunPasteFileDialog(HWND owner, std::string_view filter) {
   auto dialog = CreateComObject<IFileOpenDialog>(CLSID_FileOpenDialog);
   if (!dialog) return {};
-  Prepare(*dialog, FOS_FILEMUSTEXIST, FOS_ALLOWMULTISELECT);
+  Prepare(*dialog, filter, FOS_FILEMUSTEXIST, FOS_ALLOWMULTISELECT);
   dialog->SetTitle(L"Paste File");
   if (FAILED(dialog->Show(owner))) return {};
   std::vector<std::string> paths = Results(*dialog);
@@ -91,17 +99,18 @@ std::optional<std::string> RunPasteFileDialog(HWND owner) {
   return paths.front();
 }
 
-std::optional<SaveChoice> RunSaveAsDialog(HWND owner, std::string_view name, FileFormat format) {
+std::optional<SaveChoice> RunSaveAsDialog(HWND owner, std::string_view filter, std::string_view name,
+                                          FileFormat format) {
   auto dialog = CreateComObject<IFileSaveDialog>(CLSID_FileSaveDialog);
   if (!dialog) return {};
-  Prepare(*dialog, FOS_OVERWRITEPROMPT | FOS_PATHMUSTEXIST, FOS_NOREADONLYRETURN);
+  Prepare(*dialog, filter, FOS_OVERWRITEPROMPT | FOS_PATHMUSTEXIST, FOS_NOREADONLYRETURN);
   dialog->SetFileName(ToWide(name).c_str());
   auto controls = QueryInterfaceOf<IFileDialogCustomize>(*dialog);
   if (controls) {
     controls->StartVisualGroup(kFormatGroup, L"File Format");
     controls->AddComboBox(kFormatList);
     for (DWORD i = 0; i < std::size(kFormatNames); ++i)
-      controls->AddControlItem(kFormatList, i, kFormatNames[i]);
+      controls->AddControlItem(kFormatList, i, ToWide(LoadText(kFormatNames[i])).c_str());
     controls->SetSelectedControlItem(kFormatList, static_cast<DWORD>(format));
     controls->EndVisualGroup();
   }

@@ -21,11 +21,11 @@ struct OpenChoice {
   bool readOnly = false;
 };
 
-// Several files, existing or new, and how to open them. Begins in the current directory, as they all do.
-[[nodiscard]] std::optional<OpenChoice> RunOpenDialog(HWND owner);
+// Several files, existing or new, and how to open them.
+[[nodiscard]] std::optional<OpenChoice> RunOpenDialog(HWND owner, std::string_view filter);
 
 // One existing file.
-[[nodiscard]] std::optional<std::string> RunPasteFileDialog(HWND owner);
+[[nodiscard]] std::optional<std::string> RunPasteFileDialog(HWND owner, std::string_view filter);
 
 struct SaveChoice {
   std::string path;
@@ -34,6 +34,7 @@ struct SaveChoice {
 
 // A name for a text, beginning with `name`, and its format on the disk. Asks before an existing file is
 // chosen.
-[[nodiscard]] std::optional<SaveChoice> RunSaveAsDialog(HWND owner, std::string_view name, FileFormat format);
+[[nodiscard]] std::optional<SaveChoice> RunSaveAsDialog(HWND owner, std::string_view filter,
+                                                        std::string_view name, FileFormat format);
 
 }  // namespace tarrow

@@ -48,7 +48,7 @@ struct GlobalSettings {
   int shiftWidth = 4;  // columns, 1..8
   FontChoice screenFont;
 
-  bool Has(GlobalFlag flag) const { return (flags & flag) != 0; }
+  constexpr bool Has(GlobalFlag flag) const { return (flags & flag) != 0; }
   void Set(GlobalFlag flag, bool on) {
     flags = on ? flags | flag : flags & ~static_cast<std::uint32_t>(flag);
   }

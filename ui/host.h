@@ -12,6 +12,7 @@
 #include <windows.h>
 
 #include <initializer_list>
+#include <string>
 #include <string_view>
 
 namespace tarrow {
@@ -70,6 +71,9 @@ class Host {
 
   // Runs the popup menu of an edit window at a place on the screen.
   virtual void ShowPopupMenu(POINT screen) = 0;
+
+  // The filter list of the dialogs that name files: descriptions and patterns, each ended by a vertical bar.
+  virtual std::string FileFilter() const = 0;
 
   // The font that new edit windows get.
   virtual LOGFONTW ScreenFont() const = 0;
