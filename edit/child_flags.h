@@ -25,7 +25,7 @@ enum ChildFlag : std::uint32_t {
 inline constexpr std::uint32_t kSessionFlags = 0x3F;
 
 // The flags of a new window that is not restored from a session.
-constexpr std::uint32_t NewWindowFlags(const GlobalSettings& settings) {
+inline std::uint32_t NewWindowFlags(const GlobalSettings& settings) {
   std::uint32_t flags = 0;
   if (!settings.Has(kNoHorizontalScroll)) flags |= kHorizontalScroll;
   if (!settings.Has(kNoVerticalScroll)) flags |= kVerticalScroll;

@@ -1,0 +1,14 @@
+#include "edit/typing.h"
+
+#include "edit/line_bounds.h"
+
+namespace tarrow {
+
+TextRange OvertypeRange(TextView text, TextRange selection, std::uint32_t character, Charset charset) {
+  BytePos caret = selection.start;
+  bool inserts = character < ' ' || !selection.Empty() || caret == text.End() || AtLineBreak(text, caret);
+  if (inserts) return selection;
+  return {caret, charset.Next(text, caret)};
+}
+
+}  // namespace tarrow
