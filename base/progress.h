@@ -16,7 +16,8 @@ class Progress {
 };
 
 // Turns calls from an inner loop into polls by time: Tick() costs a decrement and only looks at the clock
-// every `kStride` calls. A null progress makes it a no-op.
+// every `kStride` calls. A null progress makes it a no-op. Making one costs nothing either: the first look at
+// the clock only starts the time.
 class ProgressTicker {
  public:
   explicit ProgressTicker(Progress* progress) : progress_(progress) {}
@@ -33,6 +34,7 @@ class ProgressTicker {
     countdown_ = kStride;
     if (!progress_) return;
     auto now = std::chrono::steady_clock::now();
+    if (last_ == std::chrono::steady_clock::time_point{}) last_ = now;
     if (now - last_ < kPeriod) return;
     last_ = now;
     progress_->Poll();
@@ -40,7 +42,7 @@ class ProgressTicker {
 
   Progress* progress_;
   int countdown_ = kStride;
-  std::chrono::steady_clock::time_point last_ = std::chrono::steady_clock::now();
+  std::chrono::steady_clock::time_point last_{};
 };
 
 }  // namespace tarrow
