@@ -1,0 +1,78 @@
+#include "search/pattern_search.h"
+
+#include "search/regex_compiler.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace tarrow {
+namespace {
+
+std::int32_t Search(const std::string& pattern, const std::string& text, int start, int range) {
+  CompiledPattern compiled;
+  EXPECT_EQ(CompilePattern(pattern, compiled), PatternError::kNone) << pattern;
+  return SearchPattern(compiled, TextView(text), BytePos(start), range);
+}
+
+TEST(PatternSearch, TriesThePlacesOfItsRange) {
+  struct {
+    const char* pattern;
+    const char* text;
+    int start, range, found;
+  } const kRows[] = {
+      {"b", "abcb", 0, 4, 1},
+      {"b", "abcb", 2, 2, 3},
+      {"b", "abcb", 0, 0, -1},
+      {"b", "ab", 0, 1, 1},  // the skip runs out at the end of the range, and that place is tried
+      {"a*b", "cab", 0, 1, 1},
+      {"x*b", "aab", 0, 1, -1},
+      {"", "abc", 1, 2, 1},
+      {"", "", 0, 1, 0},
+      {"a", "", 0, 1, -1},
+      {"$", "abc", 0, 3, 3},  // the same at the end of the text
+      {"$", "ab\r\n", 0, 4, 2},
+      {"$", "ab\r", 3, 1, 3},
+      {"^", "ab\ncd", 1, 4, 3},
+      {"x*$", "abc", 0, 3, 3},
+      {"b", "abcb", 3, -3, 3},
+      {"b", "abcb", 2, -2, 1},
+      {"a", "abcb", 3, -3, 0},
+      {"a", "abcb", 3, -2, -1},
+      {"a", "a", 0, -1, 0},
+      {"z", "abcb", 4, -4, -1},
+      {"$", "ab", 2, -2, 2},
+      {"^", "a\nb", 2, -2, 2},
+      {"^", "a\nb", 1, -1, 0},
+      {"a", "abc", 4, 1, -1},
+      {"c", "abc", 0, 100, 2},
+      {"a", "abc", 2, -100, 0},
+      {".*x", "", 0, 1, -1},
+  };
+  for (auto& row : kRows)
+    EXPECT_EQ(Search(row.pattern, row.text, row.start, row.range), row.found)
+        << row.pattern << " in '" << row.text << "' from " << row.start << " range " << row.range;
+}
+
+TEST(PatternSearch, PassesTheOverflowOn) {
+  std::string text(5000, 'a');
+  EXPECT_EQ(Search(".*x", text + "\r\nx", 0, 5003), kMatcherOverflow);
+}
+
+TEST(PatternSearch, ReadsTwoPiecesAsOne) {
+  CompiledPattern compiled;
+  ASSERT_EQ(CompilePattern("\\(b+\\)c\\1$", compiled), PatternError::kNone);
+  std::string text = "abb bbcbb\r\nc";
+  for (std::size_t gap = 0; gap <= text.size(); ++gap) {
+    std::string head = text.substr(0, gap), tail = text.substr(gap);
+    TextView view(head, tail);
+    MatchRegisters registers;
+    EXPECT_EQ(SearchPattern(compiled, view, BytePos(0), view.Size(), &registers), 4) << gap;
+    EXPECT_EQ(registers.end[0], 9);
+    EXPECT_EQ(registers.start[1], 4);
+    EXPECT_EQ(registers.end[1], 6);
+  }
+}
+
+}  // namespace
+}  // namespace tarrow

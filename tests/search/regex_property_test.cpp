@@ -1,0 +1,114 @@
+#include "search/first_char_map.h"
+#include "search/pattern_search.h"
+#include "search/regex_compiler.h"
+#include "search/regex_dump.h"
+#include "tests/search/naive_matcher.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <random>
+#include <string>
+
+namespace tarrow {
+namespace {
+
+// Writes patterns and texts over a small alphabet, so that they often meet.
+class Generator {
+ public:
+  explicit Generator(unsigned seed) : random_(seed) {}
+
+  int Below(int n) { return static_cast<int>(random_() % static_cast<unsigned>(n)); }
+
+  std::string Pattern() {
+    static const char* const kPieces[] = {
+        "a",   "b",    "ab",  "c",   "_",   ".",     ".",        "[ab]",  "[^a]", "[a-c]", "[^\r\n]", "[b_]",
+        "*",   "*",    "*",   "+",   "+",   "?",     "?",        "^",     "$",    "\\(",   "\\(",     "\\)",
+        "\\)", "\\1",  "\\2", "\\<", "\\>", " ",     "A",        "\n",    "\r",   "[ -~]", "[^ab]",   "bca",
+        "ab",  "[_c]", "a*",  "b+",  ".*",  "[ab]*", "\\(a*\\)", "[^b]*", "$\\)", "\\t",   "[]-]",    "[^]",
+    };
+    std::string out;
+    int open = 0;
+    for (int n = 1 + Below(9); n > 0; --n) {
+      std::string piece = kPieces[Below(static_cast<int>(std::size(kPieces)))];
+      open += (piece == "\\(") - (piece == "\\)" || piece == "$\\)");
+      out += piece;
+    }
+    for (; open > 0; --open) out += "\\)";
+    return out;
+  }
+
+  // Now and then a long run, to reach the limits of the failure stack.
+  std::string Text() {
+    static const char* const kPieces[] = {"a", "b",    "a",  "b",  "c",  "_",   " ",
+                                          "A", "\r\n", "\r", "\n", "ab", "bca", "\xE9"};
+    std::string out;
+    for (int n = Below(24); n > 0; --n) out += kPieces[Below(static_cast<int>(std::size(kPieces)))];
+    if (Below(200) == 0) out += std::string(4090 + Below(12), "ab_"[Below(3)]) + (Below(2) ? "c" : "");
+    return out;
+  }
+
+ private:
+  std::mt19937 random_;
+};
+
+std::string Quoted(const std::string& text) {
+  std::string out;
+  for (char c : text.substr(0, 200)) out += c == '\r' ? "\\r" : c == '\n' ? "\\n" : std::string(1, c);
+  return "\"" + out + "\"";
+}
+
+// How many pairs to try: TARROW_REGEX_PAIRS, or what is quick.
+int PairCount() {
+  const char* wanted = std::getenv("TARROW_REGEX_PAIRS");
+  return wanted ? std::atoi(wanted) : 20'000;
+}
+
+// One compiled pattern searched several times by the engine and by the naive one, each with code of its own:
+// results, registers and the rewriting of the code must agree.
+void Compare(Generator& generator, const std::string& source, bool foldCase) {
+  CompiledPattern compiled;
+  compiled.foldCase = foldCase;
+  if (CompilePattern(source, compiled) != PatternError::kNone) return;
+  ComputeFirstCharMap(compiled);
+  std::string pristine = DumpPattern(compiled);
+  std::vector<std::uint8_t> naiveCode = compiled.code;
+  for (int round = 0; round < 3; ++round) {
+    std::string text = generator.Text();
+    int size = static_cast<int>(text.size());
+    int start = generator.Below(3) ? 0 : generator.Below(size + 1);
+    int range = generator.Below(3) ? size - start : -start;
+    if (generator.Below(4) == 0) range = generator.Below(2 * size + 2) - size;
+    int gap = generator.Below(size + 1);
+
+    CompiledPattern naivePattern;
+    naivePattern.foldCase = foldCase;
+    naivePattern.code = naiveCode;
+    MatchRegisters expected, actual;
+    naive::Limits limits{2'000'000};
+    int wanted = naive::SearchPattern(naivePattern, text, start, range, expected, limits);
+    if (wanted == naive::kOutOfSteps) return;
+    naiveCode = naivePattern.code;
+
+    TextView view(std::string_view(text).substr(0, gap), std::string_view(text).substr(gap));
+    int found = SearchPattern(compiled, view, BytePos(start), range, &actual);
+    ASSERT_EQ(found, wanted) << Quoted(source) << " in " << Quoted(text) << " from " << start << " range "
+                             << range << " fold " << foldCase << "\n"
+                             << pristine;
+    if (found >= 0) {
+      ASSERT_EQ(actual, expected) << Quoted(source) << " in " << Quoted(text) << " from " << start << "\n"
+                                  << pristine;
+    }
+  }
+}
+
+TEST(RegexProperty, AgreesWithTheNaiveMatcher) {
+  Generator generator(20261121);
+  for (int i = PairCount() / 3; i > 0 && !testing::Test::HasFatalFailure(); --i) {
+    std::string pattern = generator.Pattern();
+    Compare(generator, pattern, generator.Below(3) == 0);
+  }
+}
+
+}  // namespace
+}  // namespace tarrow
