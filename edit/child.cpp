@@ -44,7 +44,9 @@ void CTwChild::SetPath(std::string path) {
     directory_ = path_.substr(0, root ? slash + 1 : slash);
   }
   SetFlag(kUntitled, false);
-  if (Exists()) ShowTitle(::IsIconic(Handle()));
+  if (!Exists()) return;
+  ShowTitle(::IsIconic(Handle()));
+  host_.ChildRetitled(*this);
 }
 
 void CTwChild::SetUntitled(std::string title) {

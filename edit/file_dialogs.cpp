@@ -88,11 +88,11 @@ std::optional<OpenChoice> RunOpenDialog(HWND owner, std::string_view filter) {
   return choice;
 }
 
-std::optional<std::string> RunPasteFileDialog(HWND owner, std::string_view filter) {
+std::optional<std::string> RunPickFileDialog(HWND owner, std::string_view title, std::string_view filter) {
   auto dialog = CreateComObject<IFileOpenDialog>(CLSID_FileOpenDialog);
   if (!dialog) return {};
   Prepare(*dialog, filter, FOS_FILEMUSTEXIST, FOS_ALLOWMULTISELECT);
-  dialog->SetTitle(L"Paste File");
+  dialog->SetTitle(ToWide(title).c_str());
   if (FAILED(dialog->Show(owner))) return {};
   std::vector<std::string> paths = Results(*dialog);
   if (paths.empty()) return {};

@@ -1,4 +1,4 @@
-// The dialogs in which a user names files: Open, Save As, Paste File.
+// The dialogs in which a user names files: Open, Save As, and one for any single file.
 //
 // They are the system's own with a few controls added. Every name that comes back is a full path in UTF-8,
 // one name however many blanks it holds; nothing comes back when the user cancels.
@@ -24,8 +24,9 @@ struct OpenChoice {
 // Several files, existing or new, and how to open them.
 [[nodiscard]] std::optional<OpenChoice> RunOpenDialog(HWND owner, std::string_view filter);
 
-// One existing file.
-[[nodiscard]] std::optional<std::string> RunPasteFileDialog(HWND owner, std::string_view filter);
+// One existing file, in a dialog of that title.
+[[nodiscard]] std::optional<std::string> RunPickFileDialog(HWND owner, std::string_view title,
+                                                           std::string_view filter);
 
 struct SaveChoice {
   std::string path;

@@ -64,6 +64,7 @@ class Host {
   virtual void ChildOpened(CMDIChildWnd& child) = 0;
   virtual void ChildActivated(CMDIChildWnd& child, bool first) = 0;
   virtual void ChildDeactivated(CMDIChildWnd& child, bool last) = 0;
+  virtual void ChildRetitled(CMDIChildWnd& child) = 0;
   virtual void ChildClosed(CMDIChildWnd& child) = 0;
 
   // The current directory is another one, or may be.
