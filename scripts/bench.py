@@ -13,7 +13,7 @@ import workshop
 from workshop import BUILD, ROOT, Failure
 
 # Programs of this folder that measure whole processes, and whether they need Windows.
-SCRIPTS = {"bench_programs.py": False, "bench_start.py": True}
+SCRIPTS = {"bench_programs.py": False}
 HEADINGS = ("work", "Tarrow", "rival", "its", "factor", "goal")
 
 

@@ -7,14 +7,16 @@ Each step reports cases that passed and failed; the last line sums them up.
 import argparse
 import json
 import os
-import pathlib
-import shutil
 import subprocess
 import sys
 import time
 
 import workshop
 from workshop import BUILD, LOGS, ROOT, Failure
+
+sys.path.append(str(ROOT / "tests" / "e2e"))
+
+import play
 
 FUZZ_SECONDS = 3
 WIDTHS = ("i686", "x86_64")
@@ -138,8 +140,22 @@ def windows(outcome):
                 run_under_wine(wine, width, program, outcome)
 
 
+def e2e(outcome):
+    """The shipping program by its keys, mouse, dialogs and files."""
+    workshop.build("i686")
+    with workshop.virtual_display() as display, workshop.Wine(display, "wine-e2e").running() as wine:
+        wine.use_desktop()
+        outcome.passed, outcome.failures = play.play(wine, "i686")
+
+
+def benchmarks(outcome):
+    """Small runs of the benchmarks: their results are checked, their times are not looked at."""
+    outcome.check("./bench --quick", [sys.executable, "scripts/bench.py", "--quick"], timeout=600)
+
+
 STEPS = {
-    "house": house, "style": style, "native": native, "sanitize": sanitize, "fuzz": fuzz, "windows": windows}
+    "house": house, "style": style, "native": native, "sanitize": sanitize, "fuzz": fuzz, "windows": windows,
+    "e2e": e2e, "benchmarks": benchmarks}
 
 
 def run_step(name):

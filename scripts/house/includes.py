@@ -109,8 +109,13 @@ def engines(tree):
     for name in tree.files:
         if name.endswith("CMakeLists.txt"):
             folder = name.removesuffix("CMakeLists.txt")
-            for call in re.findall(r"tarrow_engine\s*\(([^)]*)\)", without_comments(tree.text(name))):
+            for call in re.findall(r"tarrow_engine\s*\(([^)]*)\)", built_everywhere(tree.text(name))):
                 yield from (folder + source for source in call.split())
+
+
+def built_everywhere(cmake):
+    """A CMake text without what it only does for Windows."""
+    return re.sub(r"if\s*\(WIN32\).*?(?:else\s*\(|endif\s*\()", "", without_comments(cmake), flags=re.DOTALL)
 
 
 def without_comments(cmake):

@@ -84,6 +84,12 @@ class HouseRules(unittest.TestCase):
             with self.subTest(text=text):
                 self.assertEqual([last - first + 1 for first, last, _ in functions_of(text)], lengths)
 
+    def test_an_engine_may_have_a_part_for_windows(self):
+        self.assertEqual(self.broken_rules({
+            "edit/memory_windows.cpp": "#include <windows.h>\n",
+            "edit/CMakeLists.txt": "tarrow_window(child.cpp)\nif(WIN32)\n  tarrow_engine(memory_windows.cpp)\nendif()\n"
+        }), set())
+
     def test_a_name_spec_in_code_is_no_reference(self):
         self.assertEqual(self.broken_rules({"base/text.h": "int F(const WindowSpec& spec);\n"}), set())
 

@@ -125,18 +125,18 @@ class Stage:
 class Program:
     """One running program with its top-level windows."""
 
-    def __init__(self, stage, command, directory, main_kind=None):
+    def __init__(self, stage, command, directory):
         self.stage = stage
         self.process = stage.wine.start(command, cwd=directory, stdin=subprocess.DEVNULL,
                                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        self.main_kind = main_kind
         self.handle = self.main_process = None
 
+    def is_main(self, window):
+        raise NotImplementedError
+
     def wait_for_main(self):
-        """The main window, once it stands in front of a waiting program."""
-        def found():
-            return next((window for window in self.stage.everything() if window.kind == self.main_kind), None)
-        main = self.stage.wait(found, f"a window of class {self.main_kind}")
+        """Waits until the main window stands."""
+        main = self.stage.wait(lambda: next(filter(self.is_main, self.stage.everything()), None), "the main window")
         self.handle, self.main_process = main.handle, main.facts["process"]
         return self
 
@@ -174,10 +174,6 @@ class Program:
         if not button:
             raise AssertionError(f"no button '{label}' in\n{dialog.outline()}")
         self.stage.probe.ask("post", button.handle, BM_CLICK, 0, 0)
-
-    def command(self, identifier):
-        """Sends a command as its menu item would."""
-        self.stage.probe.ask("post", self.handle, WM_COMMAND, identifier, 0)
 
     def close(self):
         self.stage.probe.ask("post", self.handle, WM_CLOSE, 0, 0)

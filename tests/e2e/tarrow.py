@@ -1,0 +1,189 @@
+"""Tarrow as the scenarios see it: its windows by name, its files, its questions."""
+
+import shutil
+import time
+import unittest
+
+import workshop
+from driver import BUILD, WM_COMMAND, Program, Window, plain
+from vocabulary import command_number
+from workshop import LOGS, windows_path
+
+FILE_NAME_FIELD = 1148  # of the system's file dialogs
+
+FLAG_AUTO_SAVE, FLAG_BACKUP, FLAG_EDITOR_ONLY = 0x20, 0x40, 0x200
+
+
+def shown_path(path):
+    """A file's name as titles and lists show it."""
+    return windows_path(path).lower()
+
+
+class Tarrow(Program):
+    """The running program."""
+
+    def __init__(self, stage, directory, words, initialisation):
+        program = BUILD / stage.width / "tarrow.exe"
+        options = ["-i", windows_path(initialisation)] if initialisation else []
+        names = [word if word.startswith("-") else windows_path(directory / word) for word in words]
+        super().__init__(stage, [windows_path(program), *options, *names], directory)
+
+    def is_main(self, window):
+        return any(child.kind == "MDICLIENT" for child in window.children)
+
+    def documents(self):
+        """The windows inside the frame, from the top."""
+        client = self.main().find("MDICLIENT")
+        return [child for child in client.children if child.kind != "#32772"] if client else []
+
+    def titles(self):
+        return [document.text for document in self.documents()]
+
+    def active_edit(self):
+        documents = self.documents()
+        return documents[0].find("TarrowEdit") if documents else None
+
+    def wait_title(self, title):
+        """Waits until the window on top has this title and the keyboard."""
+        def ready():
+            documents = self.documents()
+            if not documents or documents[0].text != title:
+                return False
+            return self.stage.probe.ask("focus")["focusClass"] == "TarrowEdit" and documents[0]
+        return self.stage.wait(ready, f"a window with the title '{title}' in front")
+
+    def wait_file(self, path):
+        return self.wait_title(shown_path(path))
+
+    def wait_focus_back(self):
+        self.stage.wait(lambda: self.stage.probe.ask("focus")["focusClass"] == "TarrowEdit", "the focus in the text")
+
+    def wait_titles(self, titles):
+        self.stage.wait(lambda: sorted(self.titles()) == sorted(titles), f"exactly the windows {titles}")
+
+    def fill_file_dialog(self, title, path, button=None):
+        """Enters a name in one of the system's file dialogs and confirms it."""
+        dialog = self.dialog(title)
+        field = self.stage.wait(
+            lambda: self.window(dialog).find("Edit", identifier=FILE_NAME_FIELD), "the field of the file name")
+        self.stage.probe.ask("settext", field.handle, windows_path(path))
+        self.push(dialog, button or title)
+        return dialog
+
+    def window(self, window):
+        """The same window as it is now."""
+        return Window(self.stage.probe.ask("tree", window.handle))
+
+    def answer(self, text, label):
+        """Answers a message box that contains `text` by one of its buttons; gives what it said."""
+        box = self.dialog(text)
+        said = "\n".join(plain(part.text) for part in box.walk() if part.kind == "Static" and part.text)
+        self.press(box, label)
+        return said
+
+    def command(self, command):
+        """Runs a command, by its name or number, as its menu item would."""
+        self.stage.probe.ask("post", self.handle, WM_COMMAND, command_number(command), 0)
+
+    def save(self):
+        self.stage.keys("Ctrl+s")
+
+    def close_and_end(self):
+        self.close()
+        return self.wait_end()
+
+
+class Scenario(unittest.TestCase):
+    """One play with a folder of its own, which starts empty but for an initialisation file."""
+
+    stage = None  # set by the runner
+    flags = 0x408
+    settings = {}
+
+    def setUp(self):
+        self.folder = BUILD / "e2e" / self.id().split(".", 1)[1]
+        shutil.rmtree(self.folder, ignore_errors=True)
+        self.folder.mkdir(parents=True)
+        self.initialisation = self.folder / "settings" / "tarrow.ini"
+        self.initialisation.parent.mkdir()
+        self.write_settings()
+        self.programs = []
+
+    def write_settings(self, sections=None, **values):
+        """Writes the initialisation file: the Settings section, and other sections as dictionaries."""
+        settings = {"Flags": f"{self.flags:b}"} | self.settings | values
+        text = ""
+        for name, keys in ({"Settings": settings} | (sections or {})).items():
+            text += f"[{name}]\r\n" + "".join(f"{key}={value}\r\n" for key, value in keys.items())
+        self.initialisation.write_bytes(text.encode())
+
+    def read_settings(self):
+        """The initialisation file as {section: {key: value}}, names in lower case."""
+        sections, current = {}, {}
+        for line in self.initialisation.read_text(errors="replace").splitlines():
+            if line.startswith("["):
+                current = sections.setdefault(line.strip("[]").lower(), {})
+            elif "=" in line:
+                key, _, value = line.partition("=")
+                current[key.lower()] = value
+        return sections
+
+    def tearDown(self):
+        outcome = self._outcome.result
+        if outcome and any(case is self for case, _ in outcome.failures + outcome.errors):
+            self.keep_evidence()
+        for program in self.programs:
+            program.stop()
+        # What belongs to a stopped program leaves the desktop a moment later.
+        processes = {program.main_process for program in self.programs} - {None}
+        self.stage.wait(lambda: not any(window.facts["process"] in processes for window in self.stage.everything()),
+                        "the windows of the last play to go")
+
+    def keep_evidence(self):
+        picture = LOGS / f"e2e-{self.id().split('.', 1)[1]}.png"
+        workshop.screenshot(self.stage.wine.display, picture)
+        print(f"What the screen showed: {picture}\n{self.stage.outline()}")
+
+    def launch(self, *words, initialisation="own"):
+        """Starts Tarrow without waiting for it."""
+        own = self.initialisation if initialisation == "own" else initialisation
+        program = Tarrow(self.stage, self.folder, words, own)
+        self.programs.append(program)
+        return program
+
+    def start(self, *words, **options):
+        """Starts Tarrow and waits for its frame."""
+        return self.launch(*words, **options).wait_for_main()
+
+    def open(self, name, content, *options):
+        """Starts Tarrow on a file of this content and waits for its window; gives program and path."""
+        path = self.write(name, content)
+        program = self.start(*options, name)
+        program.wait_file(path)
+        return program, path
+
+    def write(self, name, content):
+        path = self.folder / name
+        path.write_bytes(content)
+        return path
+
+    def wait_content(self, path, content):
+        """Waits until a file holds exactly these bytes."""
+        last = None
+
+        def holds():
+            nonlocal last
+            last = path.read_bytes() if path.is_file() else None
+            return last == content
+        try:
+            self.stage.wait(holds, f"{path.name} to hold {content[:200]!r}")
+        except AssertionError as error:
+            raise AssertionError(f"{path.name} holds {last[:200] if last is not None else last!r}; {error}") from None
+
+    def stays(self, condition, what, seconds=0.5):
+        """For what must not happen: looks again and again for a while."""
+        limit = time.monotonic() + seconds
+        while time.monotonic() < limit:
+            self.assertTrue(condition(), what)
+            time.sleep(0.05)
+
