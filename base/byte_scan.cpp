@@ -107,6 +107,19 @@ std::size_t FindLastByte(std::string_view text, char byte) {
   return text.size();
 }
 
+std::size_t CopyUntilByte(std::string_view text, char* to, char byte) {
+  const char* p = text.data();
+  std::size_t n = text.size(), i = 0;
+  Block want = Splat(byte);
+  for (; i + kBlock <= n; i += kBlock) {
+    Block block = Load(p + i);
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(to + i), block);
+    if (unsigned hits = Mask(_mm_cmpeq_epi8(block, want))) return i + Lowest(hits);
+  }
+  for (; i < n && p[i] != byte; ++i) to[i] = p[i];
+  return i;
+}
+
 #else
 
 std::size_t FindByte(std::string_view text, char byte) {
@@ -130,6 +143,12 @@ std::size_t CountByte(std::string_view text, char byte) {
 std::size_t FindLastByte(std::string_view text, char byte) {
   std::size_t at = text.rfind(byte);
   return at == std::string_view::npos ? text.size() : at;
+}
+
+std::size_t CopyUntilByte(std::string_view text, char* to, char byte) {
+  std::size_t i = 0;
+  for (; i < text.size() && text[i] != byte; ++i) to[i] = text[i];
+  return i;
 }
 
 #endif

@@ -21,4 +21,8 @@ std::size_t FindHighByte(std::string_view text);
 // The last occurrence of `byte`.
 std::size_t FindLastByte(std::string_view text, char byte);
 
+// Copies `text` up to the first `byte`, which is not copied, and returns its offset. `to` must have room for
+// all of `text`: what lies behind the copied bytes there is overwritten at will.
+std::size_t CopyUntilByte(std::string_view text, char* to, char byte);
+
 }  // namespace tarrow

@@ -72,7 +72,7 @@ std::size_t LineIndex::CountStarts(int before, std::string_view text, int after)
 
 void LineIndex::Scan(std::string_view text) {
   std::size_t count = CountStarts(-1, text, -1);
-  BytePos* next = PrepareStarts(count).data();
+  BytePos* next = PrepareStarts(0, count).data();
   ForEachStart(-1, text, -1,
                [&](std::size_t offset) { *next++ = BytePos(static_cast<std::int64_t>(offset)); });
   FinishStarts(count, static_cast<std::int32_t>(text.size()));

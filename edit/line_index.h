@@ -36,9 +36,12 @@ class LineIndex {
   static std::size_t CountStarts(int before, std::string_view text, int after);
 
   // Indexes a whole text at once: by scanning it, or from `count` starts (of all lines but the first) that
-  // the caller writes, ascending, into what PrepareStarts returns.
+  // the caller writes, ascending, into what PrepareStarts returns, of which the first `kept` were there
+  // before.
   void Scan(std::string_view text);
-  std::span<BytePos> PrepareStarts(std::size_t count) { return starts_.PrepareFill(0, count); }
+  std::span<BytePos> PrepareStarts(std::size_t kept, std::size_t count) {
+    return starts_.PrepareFill(kept, count);
+  }
   void FinishStarts(std::size_t count, std::int32_t textSize) noexcept;
 
   std::uint64_t MovedBytes() const { return starts_.MovedBytes(); }

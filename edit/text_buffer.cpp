@@ -145,7 +145,11 @@ std::span<char> TextBuffer::ExtendLoad(std::int64_t kept, std::int64_t size) {
 }
 
 std::span<BytePos> TextBuffer::PrepareLineStarts(std::size_t count) {
-  return lines_.PrepareStarts(count);
+  return ExtendLineStarts(0, count);
+}
+
+std::span<BytePos> TextBuffer::ExtendLineStarts(std::size_t kept, std::size_t count) {
+  return lines_.PrepareStarts(kept, count);
 }
 
 void TextBuffer::FinishLoad(std::int64_t size) {

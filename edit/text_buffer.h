@@ -58,12 +58,14 @@ class TextBuffer {
 
   // Filling an empty buffer without a copy, as a loader does: write into what PrepareLoad returns; ExtendLoad
   // widens it, its first `kept` bytes unchanged; where line ends are written anyway, write the starts of all
-  // lines but the first, in ascending order, into what PrepareLineStarts returns and say so to FinishLoad,
-  // which otherwise looks for them itself. The room given includes no terminating NUL; slack for the first
-  // keys is seen to. All three throw CMemoryException; drop the buffer then.
+  // lines but the first, in ascending order, into what PrepareLineStarts returns (ExtendLineStarts widens
+  // that) and say so to FinishLoad, which otherwise looks for them itself. The room given includes no
+  // terminating NUL; slack for the first keys is seen to. All of them throw CMemoryException; drop the buffer
+  // then.
   std::span<char> PrepareLoad(std::int64_t size);
   std::span<char> ExtendLoad(std::int64_t kept, std::int64_t size);
   std::span<BytePos> PrepareLineStarts(std::size_t count);
+  std::span<BytePos> ExtendLineStarts(std::size_t kept, std::size_t count);
   void FinishLoad(std::int64_t size);
   void FinishLoad(std::int64_t size, std::size_t lineStarts);
 

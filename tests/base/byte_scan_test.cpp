@@ -29,6 +29,10 @@ TEST(ByteScan, AgreesWithItsDefinitionAtEveryLengthAndAlignment) {
                   index(std::find_if(text.begin(), text.end(), [](char c) { return (c & 0x80) != 0; })));
         ASSERT_EQ(CountByte(text, 'a'), static_cast<std::size_t>(std::count(text.begin(), text.end(), 'a')));
         ASSERT_EQ(FindLastByte(text, 'a'), std::min(text.rfind('a'), text.size()));
+        std::string copy(n + 1, '!');
+        ASSERT_EQ(CopyUntilByte(text, copy.data(), 'a'), FindByte(text, 'a'));
+        ASSERT_EQ(copy.substr(0, FindByte(text, 'a')), text.substr(0, FindByte(text, 'a')));
+        ASSERT_EQ(copy[n], '!');
       }
     }
   }
