@@ -93,6 +93,20 @@ void SetText(const Fields& f, Json& out) {
   out.Number(Ask(WindowOf(f[1]), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str())));
 }
 
+// A file kept open so that nobody else may read or write it.
+HANDLE heldFile = INVALID_HANDLE_VALUE;
+
+void Release(const Fields&, Json& out) {
+  out.Bool(heldFile != INVALID_HANDLE_VALUE && CloseHandle(heldFile));
+  heldFile = INVALID_HANDLE_VALUE;
+}
+
+void Hold(const Fields& f, Json& out) {
+  heldFile =
+      CreateFileW(ToWide(f[1]).c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+  out.Bool(heldFile != INVALID_HANDLE_VALUE);
+}
+
 struct Request {
   std::string_view name;
   std::size_t fields;  // with the name itself
@@ -115,6 +129,8 @@ constexpr Request kRequests[] = {
     {"activate", 2, Activate},
     {"clipboard", 1, Clipboard},
     {"setclipboard", 2, SetClipboard},
+    {"hold", 2, Hold},
+    {"release", 1, Release},
 };
 
 Fields Split(const std::string& line) {
