@@ -6,6 +6,7 @@
 #pragma once
 
 #include "base/text_view.h"
+#include "base/utf16.h"
 
 #include <array>
 #include <string>
@@ -31,8 +32,6 @@ struct Character {
   char32_t code = 0;
   std::int32_t length = 0;  // bytes, 0 only at the end of the text
 };
-
-inline constexpr char32_t kReplacementCharacter = 0xFFFD;
 
 class Charset {
  public:
