@@ -6,7 +6,7 @@
 // success. Reading and writing are not buffered: take large blocks.
 #pragma once
 
-#include "base/byte_source.h"
+#include "base/disk_file.h"
 
 #include <cstdint>
 #include <span>
@@ -15,7 +15,7 @@
 
 namespace tarrow {
 
-class CFile final : public ByteSource {
+class CFile final : public DiskFile {
  public:
   enum class Mode {
     kRead,       // the file must exist
@@ -48,16 +48,10 @@ class CFile final : public ByteSource {
   std::uint64_t Size() override;
 
   // Writes all of `bytes` at the current position. Throws when fewer arrived, too.
-  void Write(std::string_view bytes);
-
-  // Ends the file at the current position.
-  void Truncate();
-
-  // Hands everything written to the disk itself.
-  void Flush();
-
-  // Closes and throws when the system reports that data was lost by then.
-  void Close();
+  void Write(std::string_view bytes) override;
+  void Truncate() override;
+  void Flush() override;
+  void Close() override;
 
  private:
   [[noreturn]] void Fail(unsigned long error) const;

@@ -1,0 +1,121 @@
+#include "edit/save_disk.h"
+
+#include "base/path_text.h"
+#include "framework/directories.h"
+#include "framework/file.h"
+#include "framework/file_system.h"
+#include "framework/handle.h"
+#include "framework/unicode.h"
+
+#include <windows.h>
+
+namespace tarrow {
+namespace {
+
+// Scanners and indexers hold a file open for moments after it was written.
+constexpr int kAttempts = 6;
+constexpr DWORD kPauseMilliseconds = 80;
+
+bool IsWine() {
+  return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+}
+
+// Repeats `operation` while it fails for what may pass, and throws when it goes on failing.
+template <typename Operation>
+void RetryWhileBusy(const std::string& path, Operation operation) {
+  for (int attempt = 1; !operation(); ++attempt) {
+    DWORD error = GetLastError();
+    bool mayPass = error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION;
+    if (!mayPass || attempt == kAttempts) throw CFileException(FileCauseFromWindows(error), path);
+    Sleep(kPauseMilliseconds);
+  }
+}
+
+// A name that the platform takes for a device wherever it stands (nul, c:\con), or in a device's own form.
+bool IsDevice(const std::string& path) {
+  wchar_t full[kMaxPath];
+  DWORD length = GetFullPathNameW(CheckedWidePath(path).c_str(), kMaxPath, full, nullptr);
+  return length > 0 && length < kMaxPath && std::wstring_view(full).starts_with(L"\\\\.\\");
+}
+
+// Whether a file has another name, or the name is a link to it.
+bool IsShared(const std::string& path, DWORD attributes) {
+  if (attributes & FILE_ATTRIBUTE_REPARSE_POINT) return true;
+  HANDLE handle =
+      CreateFileW(CheckedWidePath(path).c_str(), FILE_READ_ATTRIBUTES,
+                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING, 0, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) return true;
+  KernelHandle file(handle);
+  BY_HANDLE_FILE_INFORMATION information;
+  return !GetFileInformationByHandle(handle, &information) || information.nNumberOfLinks != 1;
+}
+
+}  // namespace
+
+WindowsSaveDisk::WindowsSaveDisk() : mayReplace_(!IsWine()) {}
+
+SaveDisk::Target WindowsSaveDisk::Resolve(const std::string& path) {
+  if (IsDevice(path)) return {path, Kind::kDevice};
+  std::string full = TrueCase(FullPath(path));
+  DWORD attributes = GetFileAttributesW(CheckedWidePath(full).c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) {
+    DWORD error = GetLastError();
+    if (error == ERROR_FILE_NOT_FOUND) return {full, Kind::kNothing};
+    throw CFileException(FileCauseFromWindows(error), path);
+  }
+  if (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY))
+    throw CFileException(FileCause::kAccessDenied, path);
+  return {full, Kind::kFile, !mayReplace_ || IsShared(full, attributes)};
+}
+
+std::string WindowsSaveDisk::MakeTemporary(const std::string& path) {
+  if (path.empty()) return MakeTempName();
+  return MakeTempNameIn(WithoutTrailingSeparators(DirectoryPart(path)));
+}
+
+std::unique_ptr<DiskFile> WindowsSaveDisk::Open(const std::string& path, Access access) {
+  switch (access) {
+    case Access::kRead:
+      return std::make_unique<CFile>(path, CFile::Mode::kRead, CFile::Share::kRead);
+    case Access::kUpdate:
+      return std::make_unique<CFile>(path, CFile::Mode::kUpdate, CFile::Share::kRead);
+    default:
+      return std::make_unique<CFile>(path, CFile::Mode::kCreate, CFile::Share::kReadWrite);
+  }
+}
+
+void WindowsSaveDisk::Replace(const std::string& from, const std::string& to, const std::string& backup) {
+  std::wstring wideFrom = CheckedWidePath(from), wideTo = CheckedWidePath(to);
+  std::wstring wideBackup = backup.empty() ? std::wstring() : CheckedWidePath(backup);
+  const wchar_t* backupName = backup.empty() ? nullptr : wideBackup.c_str();
+  DWORD attributes = GetFileAttributesW(wideTo.c_str());
+  RetryWhileBusy(to, [&] {
+    if (ReplaceFileW(wideTo.c_str(), wideFrom.c_str(), backupName, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr,
+                     nullptr))
+      return true;
+    DWORD error = GetLastError();
+    // The old file has become the backup, and the new one has not taken its place.
+    if (error == ERROR_UNABLE_TO_MOVE_REPLACEMENT_2 && backupName) MoveFileExW(backupName, wideTo.c_str(), 0);
+    SetLastError(error);
+    return false;
+  });
+  // Wine gives the file the attributes of its replacement.
+  if (GetFileAttributesW(wideTo.c_str()) != attributes) SetFileAttributesW(wideTo.c_str(), attributes);
+}
+
+void WindowsSaveDisk::Move(const std::string& from, const std::string& to) {
+  std::wstring wideFrom = CheckedWidePath(from), wideTo = CheckedWidePath(to);
+  RetryWhileBusy(to, [&] {
+    return MoveFileExW(wideFrom.c_str(), wideTo.c_str(),
+                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_COPY_ALLOWED | MOVEFILE_WRITE_THROUGH) != 0;
+  });
+}
+
+void WindowsSaveDisk::Copy(const std::string& from, const std::string& to) {
+  DuplicateFile(from, to, true);
+}
+void WindowsSaveDisk::Remove(const std::string& path) {
+  RemoveFile(path);
+}
+
+}  // namespace tarrow
