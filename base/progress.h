@@ -22,8 +22,10 @@ class ProgressTicker {
  public:
   explicit ProgressTicker(Progress* progress) : progress_(progress) {}
 
-  void Tick() {
-    if (--countdown_ <= 0) Look();
+  // `weight` is the work done since the last call, in units of a few nanoseconds.
+  void Tick(int weight = 1) {
+    countdown_ -= weight;
+    if (countdown_ <= 0) Look();
   }
 
  private:
