@@ -16,6 +16,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -54,6 +55,22 @@ enum class PatternError {
 // Whether a pattern can match without consuming anything.
 enum class CanBeEmpty : std::uint8_t { kNever = 0, kAnywhere = 1, kAtLineEnd = 2 };
 
+struct PreparedSearch;
+
+// Holds what matcher and search have worked out from the code of one pattern. A copy of the pattern starts
+// without it.
+class PreparedSearchOwner {
+ public:
+  PreparedSearchOwner();
+  PreparedSearchOwner(const PreparedSearchOwner&);
+  PreparedSearchOwner(PreparedSearchOwner&&) noexcept;
+  PreparedSearchOwner& operator=(const PreparedSearchOwner&);
+  PreparedSearchOwner& operator=(PreparedSearchOwner&&) noexcept;
+  ~PreparedSearchOwner();
+
+  std::unique_ptr<PreparedSearch> search;
+};
+
 struct CompiledPattern {
   // Chosen by the owner before compiling: letters match in either case.
   bool foldCase = false;
@@ -67,6 +84,9 @@ struct CompiledPattern {
   std::array<bool, 256> firstCharMap{};
   bool mapValid = false;
   CanBeEmpty canBeEmpty = CanBeEmpty::kNever;
+
+  // Made by the matcher when it first needs it, dropped by CompilePattern.
+  PreparedSearchOwner prepared;
 
   const FoldTable& Fold() const { return foldCase ? kFoldToUpper : kFoldNothing; }
 };

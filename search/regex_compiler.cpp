@@ -1,6 +1,7 @@
 #include "search/regex_compiler.h"
 
 #include "search/byte_code.h"
+#include "search/prepared_search.h"
 
 #include <cstddef>
 #include <new>
@@ -248,6 +249,7 @@ class Compiler {
 PatternError CompilePattern(std::string_view pattern, CompiledPattern& compiled) {
   compiled.mapValid = compiled.hasLineStart = compiled.hasLineEnd = false;
   compiled.code.clear();
+  compiled.prepared.search.reset();
   PatternError error = PatternError::kOutOfMemory;
   try {
     error = Compiler(pattern, compiled.Fold(), compiled).Run();

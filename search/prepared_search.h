@@ -1,0 +1,23 @@
+// What matcher and search have worked out from the code of a pattern: kept with the pattern, made on demand.
+#pragma once
+
+#include "search/compiled_pattern.h"
+#include "search/match_program.h"
+#include "search/search_plan.h"
+
+#include <optional>
+
+namespace tarrow {
+
+struct PreparedSearch {
+  MatchProgram program;
+  std::optional<SearchPlan> plan;
+};
+
+// The decoded program of `pattern`. Throws std::bad_alloc.
+MatchProgram& ProgramOf(CompiledPattern& pattern);
+
+// The plan of `pattern`, whose first-character map is valid. Throws std::bad_alloc.
+const SearchPlan& PlanOf(CompiledPattern& pattern);
+
+}  // namespace tarrow
