@@ -16,11 +16,12 @@ class Progress {
 };
 
 // Turns calls from an inner loop into polls by time: Tick() costs a decrement and only looks at the clock
-// every `kStride` calls. A null progress makes it a no-op. Making one costs nothing either: the first look at
+// every `stride` calls. A null progress makes it a no-op. Making one costs nothing either: the first look at
 // the clock only starts the time.
 class ProgressTicker {
  public:
-  explicit ProgressTicker(Progress* progress) : progress_(progress) {}
+  explicit ProgressTicker(Progress* progress, int stride = 4096)
+      : progress_(progress), stride_(stride), countdown_(stride) {}
 
   // `weight` is the work done since the last call, in units of a few nanoseconds.
   void Tick(int weight = 1) {
@@ -29,11 +30,10 @@ class ProgressTicker {
   }
 
  private:
-  static constexpr int kStride = 4096;
   static constexpr std::chrono::milliseconds kPeriod{40};
 
   void Look() {
-    countdown_ = kStride;
+    countdown_ = stride_;
     if (!progress_) return;
     auto now = std::chrono::steady_clock::now();
     if (last_ == std::chrono::steady_clock::time_point{}) last_ = now;
@@ -43,7 +43,8 @@ class ProgressTicker {
   }
 
   Progress* progress_;
-  int countdown_ = kStride;
+  int stride_;
+  int countdown_;
   std::chrono::steady_clock::time_point last_{};
 };
 

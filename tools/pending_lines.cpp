@@ -90,8 +90,7 @@ void PendingLines::CatchUp() {
 
 void PendingLines::Rebuild() {
   unsigned bits = std::max(kLeastSlotBits, static_cast<unsigned>(std::bit_width(lines_.size())));
-  slots_ = {};
-  slots_.resize(std::size_t{1} << bits);
+  slots_ = std::vector<Slot>(std::size_t{1} << bits);
   slotShift_ = 32 - bits;
   origin_ = settled_;
   for (indexed_ = settled_; indexed_ < LinesRead();) Thread(++indexed_);
