@@ -89,7 +89,7 @@ def main():
         print(f"Building {preset} ...", flush=True)
         workshop.build(preset)
     rows, failed = [], 0
-    with workshop.virtual_display() as display, workshop.Wine(display, "wine-test").running() as wine:
+    with workshop.virtual_display() as display, workshop.Wine(display).running() as wine:
         for name, command, environment in commands(wine, ["--quick"] if options.quick else []):
             if options.only in name:
                 failed += not measure(name, command, rows, environment)

@@ -27,13 +27,6 @@ def windows_words(words):
     return result
 
 
-def start(wine, words, on_virtual_display):
-    program = workshop.windows_path(BUILD / "i686" / "tarrow.exe")
-    # Without a window manager only Wine's own desktop gives windows their frames and the keyboard.
-    desktop = ["explorer", "/desktop=tarrow,1280x1024"] if on_virtual_display else []
-    return wine.start([*desktop, program, *windows_words(words)])
-
-
 def take_screenshot(wine, empty_screen, path):
     """Waits until something stands on the screen and has come to rest."""
     previous = empty_screen
@@ -62,9 +55,9 @@ def main():
             if not options.screenshot:
                 print(f"There is no display (DISPLAY is not set): Tarrow runs on the virtual display {display}, "
                       "which nobody sees. Ctrl+C ends it.", flush=True)
-        wine = stack.enter_context(workshop.Wine(display, "wine-run").running())
+        wine = stack.enter_context(workshop.Wine(display, desktop=virtual).running())
         empty_screen = workshop.screen_hash(display) if virtual else None
-        process = start(wine, words, virtual)
+        process = wine.start([workshop.windows_path(BUILD / "i686" / "tarrow.exe"), *windows_words(words)])
         if options.screenshot:
             take_screenshot(wine, empty_screen, options.screenshot)
             return 0

@@ -134,7 +134,7 @@ def windows(outcome):
     """The tests of engines and windows as programs of 32-bit and of 64-bit Windows."""
     for width in WIDTHS:
         workshop.build(width)
-    with workshop.virtual_display() as display, workshop.Wine(display, "wine-test").running() as wine:
+    with workshop.virtual_display() as display, workshop.Wine(display).running() as wine:
         for width in WIDTHS:
             for program in ("engine_tests", "window_tests"):
                 run_under_wine(wine, width, program, outcome)
@@ -143,8 +143,9 @@ def windows(outcome):
 def e2e(outcome):
     """The shipping program by its keys, mouse, dialogs and files."""
     workshop.build("i686")
-    with workshop.virtual_display() as display, workshop.Wine(display, "wine-e2e").running() as wine:
-        wine.use_desktop()
+    if not (program := BUILD / "i686" / "tarrow.exe").exists():
+        raise Failure(f"there is no {program}")
+    with workshop.virtual_display() as display, workshop.Wine(display).running() as wine:
         outcome.passed, outcome.failures = play.play(wine, "i686")
 
 

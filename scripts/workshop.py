@@ -15,6 +15,7 @@ import time
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build"
 LOGS = BUILD / "logs"
+SCREEN_SIZE = "1280x1024"  # of virtual displays
 
 
 class Failure(Exception):
@@ -65,13 +66,13 @@ def stop_process(process):
 
 
 @contextlib.contextmanager
-def virtual_display(size="1280x1024"):
+def virtual_display():
     """A display that no one sees, as long as the block lasts; gives its name."""
     if not shutil.which("Xvfb"):
         raise Failure("Xvfb is missing: scripts/install_packages installs it")
     reading, writing = os.pipe()
     server = subprocess.Popen(
-        ["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{size}x24", "-nolisten", "tcp"],
+        ["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{SCREEN_SIZE}x24", "-nolisten", "tcp"],
         pass_fds=[writing], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
     os.close(writing)
     try:
@@ -87,9 +88,11 @@ def virtual_display(size="1280x1024"):
 class Wine:
     """Wine with a prefix of its own under build/, on a given display."""
 
-    def __init__(self, display, prefix):
+    def __init__(self, display, desktop=True):
+        """On a display without a window manager, Wine's own `desktop` frames the windows and gives them the keys."""
         self.display = display
-        self.prefix = BUILD / prefix
+        self.desktop = desktop
+        self.prefix = BUILD / ("wine" if desktop else "wine-plain")
         # Mono and Gecko would be offered for download; nothing here uses them.
         self.environment = os.environ | {
             "WINEPREFIX": str(self.prefix), "DISPLAY": display, "WINEDEBUG": "-all",
@@ -107,16 +110,14 @@ class Wine:
         self.run(["wineboot", "--init"], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=300)
         # A crash is an exit code here, not a dialog that waits for someone.
         self._set_registry(r"HKCU\Software\Wine\WineDbg", "ShowCrashDialog", "REG_DWORD", "0")
+        if self.desktop:
+            self._set_registry(r"HKCU\Software\Wine\Explorer", "Desktop", "REG_SZ", "Tarrow")
+            self._set_registry(r"HKCU\Software\Wine\Explorer\Desktops", "Tarrow", "REG_SZ", SCREEN_SIZE)
         ready.touch()
 
     def _set_registry(self, key, name, kind, value):
         self.run(["reg", "add", key, "/v", name, "/t", kind, "/d", value, "/f"],
                  stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=True, timeout=120)
-
-    def use_desktop(self, size="1280x1024"):
-        """From now on every program runs in Wine's own desktop, which frames windows and gives them the keys."""
-        self._set_registry(r"HKCU\Software\Wine\Explorer", "Desktop", "REG_SZ", "Tarrow")
-        self._set_registry(r"HKCU\Software\Wine\Explorer\Desktops", "Tarrow", "REG_SZ", size)
 
     def run(self, command, environment=None, **options):
         return subprocess.run(["wine", *map(str, command)],

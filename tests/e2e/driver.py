@@ -136,7 +136,11 @@ class Program:
 
     def wait_for_main(self):
         """Waits until the main window stands."""
-        main = self.stage.wait(lambda: next(filter(self.is_main, self.stage.everything()), None), "the main window")
+        def found():
+            if self.process.poll() is not None:
+                raise AssertionError(f"the program ended with {self.process.returncode} before it showed its window")
+            return next(filter(self.is_main, self.stage.everything()), None)
+        main = self.stage.wait(found, "the main window")
         self.handle, self.main_process = main.handle, main.facts["process"]
         return self
 

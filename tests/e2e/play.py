@@ -74,8 +74,7 @@ def main():
     parser.add_argument("--width", default="i686", help="the build that is played: i686 (the default) or x86_64")
     options = parser.parse_args()
     workshop.build(options.width, "tarrow", "window_probe")
-    with workshop.virtual_display() as display, workshop.Wine(display, "wine-e2e").running() as wine:
-        wine.use_desktop()
+    with workshop.virtual_display() as display, workshop.Wine(display).running() as wine:
         passed, failures = play(wine, options.width, options.words)
     for failure in failures:
         print(f"\nFAILED: {failure}")
