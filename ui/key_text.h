@@ -26,6 +26,13 @@ struct KeyStroke {
   friend bool operator==(const KeyStroke&, const KeyStroke&) = default;
 };
 
+// A key with modifiers as a user chooses them; nothing for key 0.
+[[nodiscard]] constexpr KeyStroke MakeKeyStroke(std::uint16_t key, bool control, bool shift, bool alt) {
+  if (key == 0) return {};
+  int flags = kVirtualKey | (control ? kControlKey : 0) | (shift ? kShiftKey : 0) | (alt ? kAltKey : 0);
+  return {static_cast<std::uint8_t>(flags), key};
+}
+
 // What a menu item shows behind its text, with the TAB that parts them: "\tCtrl+Alt+Shift+F5". Empty for no
 // key. Nothing when the key has no name, or the flags are 0 and the key is not.
 [[nodiscard]] std::optional<std::string> KeyText(KeyStroke stroke);
