@@ -1,11 +1,6 @@
 #include "tools/difference_writer.h"
 
 namespace tarrow {
-namespace {
-
-constexpr std::size_t kFlushSize = 64 << 10;
-
-}  // namespace
 
 void DifferenceWriter::Write(const PendingLines& first, const PendingLines& second,
                              const DifferenceBlock& block) {
@@ -14,11 +9,11 @@ void DifferenceWriter::Write(const PendingLines& first, const PendingLines& seco
   if (old.Empty() && added.Empty()) return;
   anyWritten_ = true;
   WriteRange(old);
-  text_ += added.Empty() ? 'd' : old.Empty() ? 'a' : 'c';
+  out_.Text() += added.Empty() ? 'd' : old.Empty() ? 'a' : 'c';
   WriteRange(added);
-  text_ += options_.lineEnd;
+  out_.Text() += options_.lineEnd;
   WriteLines(first, old, "< ");
-  if (!old.Empty() && !added.Empty()) text_.append("---").append(options_.lineEnd);
+  if (!old.Empty() && !added.Empty()) out_.Text().append("---").append(options_.lineEnd);
   WriteLines(second, added, "> ");
 }
 
@@ -32,23 +27,18 @@ DifferenceWriter::Span DifferenceWriter::SpanOf(const PendingLines& lines, std::
 }
 
 void DifferenceWriter::WriteRange(const Span& span) {
-  text_ += std::to_string(span.shown);
-  if (span.last > span.first) text_.append(",").append(std::to_string(span.last));
+  out_.Text() += std::to_string(span.shown);
+  if (span.last > span.first) out_.Text().append(",").append(std::to_string(span.last));
 }
 
 void DifferenceWriter::WriteLines(const PendingLines& lines, const Span& span, std::string_view prefix) {
   for (std::uint64_t number = span.first; number <= span.last; ++number) {
-    text_.append(prefix).append(lines.TextOf(number)).append(options_.lineEnd);
+    out_.Text().append(prefix).append(lines.TextOf(number)).append(options_.lineEnd);
     if (options_.form == ComparisonForm::kPatch && !lines[number].terminated)
-      text_.append("\\ No newline at end of file").append(options_.lineEnd);
+      out_.Text().append("\\ No newline at end of file").append(options_.lineEnd);
     ticker_.Tick();
-    if (text_.size() >= kFlushSize) Flush();
+    out_.FlushIfLarge();
   }
-}
-
-void DifferenceWriter::Flush() {
-  if (!text_.empty()) out_.Write(text_);
-  text_.clear();
 }
 
 }  // namespace tarrow

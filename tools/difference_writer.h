@@ -3,8 +3,7 @@
 
 #include "tools/compare_files.h"
 #include "tools/pending_lines.h"
-
-#include <string>
+#include "tools/text_batch.h"
 
 namespace tarrow {
 
@@ -22,7 +21,7 @@ class DifferenceWriter {
 
   // Writes a block, unless it has no lines. Throws what the sink throws, CYieldException.
   void Write(const PendingLines& first, const PendingLines& second, const DifferenceBlock& block);
-  void Flush();
+  void Flush() { out_.Flush(); }
   bool AnyWritten() const { return anyWritten_; }
 
  private:
@@ -39,10 +38,9 @@ class DifferenceWriter {
   void WriteRange(const Span& span);
   void WriteLines(const PendingLines& lines, const Span& span, std::string_view prefix);
 
-  TextSink& out_;
+  TextBatch out_;
   const ComparisonOptions options_;
   ProgressTicker ticker_;
-  std::string text_;
   bool anyWritten_ = false;
 };
 
