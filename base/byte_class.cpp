@@ -1,5 +1,7 @@
 #include "base/byte_class.h"
 
+#include "base/byte_mask.h"
+
 #include <algorithm>
 #include <bit>
 
@@ -104,7 +106,30 @@ std::size_t ByteClass::FindFar(std::string_view text, bool member) const {
   return text.size();
 }
 
+// Each mask, shifted against itself, shows where a whole run lies within its block; the next block begins
+// with the first place that the shifts could not judge. Returns the first place not judged when nothing was
+// found.
+template <int kRanges>
+std::size_t ByteClass::FindRunInBlocks(std::string_view text, std::size_t length) const {
+  std::size_t i = 0;
+  for (; i + kMaskBlock <= text.size(); i += kMaskBlock - length + 1) {
+    ByteMask runs = 0;
+    for (std::size_t k = 0; k < kMaskBlock; k += kBlock)
+      runs |= static_cast<ByteMask>(Hits<kRanges>(text.data() + i + k) ^ (isComplement_ ? 0xFFFFu : 0u)) << k;
+    std::size_t have = 1;
+    for (; have * 2 <= length; have *= 2) runs &= runs >> have;
+    runs &= runs >> (length - have);
+    if (runs) return i + LowestBit(runs);
+  }
+  return i;
+}
+
 #else
+
+template <int kRanges>
+std::size_t ByteClass::FindRunInBlocks(std::string_view, std::size_t) const {
+  return 0;
+}
 
 std::size_t ByteClass::FindFar(std::string_view text, bool member) const {
   for (std::size_t i = kBlock; i < text.size(); ++i)
@@ -113,5 +138,32 @@ std::size_t ByteClass::FindFar(std::string_view text, bool member) const {
 }
 
 #endif
+
+std::size_t ByteClass::FindRun(std::string_view text, std::size_t length) const {
+  std::size_t i = 0;
+  if (length <= kMaskBlock / 2) {
+    switch (rangeCount_) {
+      case 1:
+        i = FindRunInBlocks<1>(text, length);
+        break;
+      case 2:
+        i = FindRunInBlocks<2>(text, length);
+        break;
+      case 3:
+        i = FindRunInBlocks<3>(text, length);
+        break;
+      case 4:
+        i = FindRunInBlocks<4>(text, length);
+        break;
+      default:
+        break;
+    }
+  }
+  for (std::size_t run = 0; i < text.size(); ++i) {
+    run = Has(text[i]) ? run + 1 : 0;
+    if (run == length) return i + 1 - length;
+  }
+  return text.size();
+}
 
 }  // namespace tarrow

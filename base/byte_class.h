@@ -26,6 +26,9 @@ class ByteClass {
   std::size_t FindFirst(std::string_view text) const { return Find<true>(text); }
   std::size_t FindFirstNot(std::string_view text) const { return Find<false>(text); }
 
+  // The offset of the first `length` members in a row; `text.size()` without any. `length` is at least 1.
+  std::size_t FindRun(std::string_view text, std::size_t length) const;
+
   // How many bytes at the end of `text` are members, without a break.
   std::size_t CountTrailing(std::string_view text) const;
 
@@ -50,6 +53,8 @@ class ByteClass {
 
   template <int kRanges>
   std::size_t FindInBlocks(std::string_view text, unsigned flip) const;
+  template <int kRanges>
+  std::size_t FindRunInBlocks(std::string_view text, std::size_t length) const;
   template <int kRanges>
   unsigned Hits(const char* block) const;
 

@@ -43,6 +43,13 @@ std::string ReplaceAfterLastDot(std::string_view path, std::string_view extensio
   return std::string(path.substr(0, path.rfind('.'))).append(extension);
 }
 
+std::string_view NameSeenFrom(std::string_view directory, std::string_view path) {
+  if (directory.empty() || !EqualIgnoringCase(path.substr(0, directory.size()), directory)) return path;
+  std::string_view rest = path.substr(directory.size());
+  if (IsSeparator(directory.back())) return rest.empty() ? path : rest;
+  return rest.size() > 1 && IsSeparator(rest[0]) ? rest.substr(1) : path;
+}
+
 bool EqualIgnoringCase(std::string_view a, std::string_view b) {
   return std::ranges::equal(a, b, [](char x, char y) { return AsciiLower(x) == AsciiLower(y); });
 }

@@ -32,6 +32,10 @@ inline constexpr std::size_t kMaxPath = 260;
 // named.
 [[nodiscard]] std::string ReplaceAfterLastDot(std::string_view path, std::string_view extension);
 
+// `path` as it is shown to someone who works in `directory`: without that directory and the separator behind
+// it when it begins with them, else whole.
+[[nodiscard]] std::string_view NameSeenFrom(std::string_view directory, std::string_view path);
+
 // Whether two texts are equal but for the case of ASCII letters.
 [[nodiscard]] bool EqualIgnoringCase(std::string_view a, std::string_view b);
 

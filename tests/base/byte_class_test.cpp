@@ -42,6 +42,11 @@ TEST(ByteClass, AgreesWithItsDefinitionAtEveryLengthAndAlignment) {
           auto index = [&](auto it) { return static_cast<std::size_t>(it - text.begin()); };
           ASSERT_EQ(wanted.FindFirst(text), index(std::find_if(text.begin(), text.end(), isMember)));
           ASSERT_EQ(wanted.FindFirstNot(text), index(std::find_if_not(text.begin(), text.end(), isMember)));
+          for (int length : {1, 2, 3, 5, 8}) {
+            auto run = std::search_n(text.begin(), text.end(), length, true,
+                                     [&](char c, bool) { return isMember(c); });
+            ASSERT_EQ(wanted.FindRun(text, static_cast<std::size_t>(length)), index(run));
+          }
           auto trailing = std::find_if_not(text.rbegin(), text.rend(), isMember) - text.rbegin();
           ASSERT_EQ(wanted.CountTrailing(text), static_cast<std::size_t>(trailing));
         }
