@@ -41,6 +41,12 @@ class Backtracker {
     }
   }
 
+  // The same with `position` as the start of the text.
+  std::int32_t RunFromStart(std::int32_t position) {
+    origin_ = position;
+    return Run(position);
+  }
+
   // Did the last run go beyond the room that it would have had without luck?
   bool WasStretched() const { return stack_.IsStretched(); }
 

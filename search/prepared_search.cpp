@@ -15,9 +15,11 @@ PreparedSearchOwner& PreparedSearchOwner::operator=(const PreparedSearchOwner&) 
 
 MatchProgram& ProgramOf(CompiledPattern& pattern) {
   std::unique_ptr<PreparedSearch>& search = pattern.prepared.search;
-  if (!search)
-    search = std::make_unique<PreparedSearch>(
-        PreparedSearch{DecodeProgram(pattern.code, pattern.foldCase), std::nullopt});
+  if (!search) {
+    auto made = std::make_unique<PreparedSearch>();
+    made->program = DecodeProgram(pattern.code, pattern.foldCase);
+    search = std::move(made);
+  }
   return search->program;
 }
 
@@ -25,6 +27,13 @@ const SearchPlan& PlanOf(CompiledPattern& pattern) {
   MatchProgram& program = ProgramOf(pattern);
   std::optional<SearchPlan>& plan = pattern.prepared.search->plan;
   if (!plan) plan = PlanSearch(program, pattern);
+  return *plan;
+}
+
+const ScanPlan& ScanPlanOf(CompiledPattern& pattern) {
+  MatchProgram& program = ProgramOf(pattern);
+  std::optional<ScanPlan>& plan = pattern.prepared.search->scanPlan;
+  if (!plan) plan = PlanScan(program, pattern);
   return *plan;
 }
 

@@ -12,6 +12,7 @@ namespace tarrow {
 struct PreparedSearch {
   MatchProgram program;
   std::optional<SearchPlan> plan;
+  std::optional<ScanPlan> scanPlan;
 };
 
 // The decoded program of `pattern`. Throws std::bad_alloc.
@@ -19,5 +20,8 @@ MatchProgram& ProgramOf(CompiledPattern& pattern);
 
 // The plan of `pattern`, whose first-character map is valid. Throws std::bad_alloc.
 const SearchPlan& PlanOf(CompiledPattern& pattern);
+
+// Its plan for an anchored scan. Throws std::bad_alloc.
+const ScanPlan& ScanPlanOf(CompiledPattern& pattern);
 
 }  // namespace tarrow

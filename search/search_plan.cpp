@@ -1,5 +1,6 @@
 #include "search/search_plan.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace tarrow {
@@ -28,15 +29,31 @@ class Planner {
  public:
   Planner(const MatchProgram& program, const CompiledPattern& pattern)
       : program_(program), pattern_(pattern), fold_(pattern.Fold()) {
-    for (const Instruction& step : program.steps) hasBackRef_ |= step.step == Step::kBackRef;
+    for (const Instruction& step : program.steps) {
+      hasBackRef_ |= step.step == Step::kBackRef;
+      looksBehind_ |=
+          step.step == Step::kLineStart || step.step == Step::kWordStart || step.step == Step::kWordEnd;
+    }
   }
 
   SearchPlan Run() {
-    for (at_ = 0; elements_ < kMaxElements && TakeElement(); ++elements_) {
-    }
+    TakeElements();
     FinishFirst();
     ChooseSkip();
     return std::move(plan_);
+  }
+
+  ScanPlan RunForScan() {
+    TakeElements();
+    ScanPlan plan;
+    // Where the text begins at each place, what stands before that is not the same for all places of a run.
+    plan.skipsLeadRun = plan_.skipsLeadRun && !looksBehind_ && !hasBackRef_;
+    plan.leadRun = plan_.leadRun;
+    if (firstIsKnown_ && !mayStartEmpty_) {
+      plan.run = first_;
+      plan.runLength = std::max<std::size_t>(LeadingClassLength(), 1);
+    }
+    return plan;
   }
 
  private:
@@ -48,6 +65,23 @@ class Planner {
     ByteClass reach;
     bool mayOverflow = false;
   };
+
+  void TakeElements() {
+    for (at_ = 0; elements_ < kMaxElements && TakeElement(); ++elements_) {
+    }
+  }
+
+  // How many bytes of one class a match begins with, when its first steps are that class again and again.
+  std::size_t LeadingClassLength() const {
+    std::size_t length = 0;
+    for (const Instruction& step : program_.steps) {
+      bool isOne = step.step == Step::kClass || step.step == Step::kPlus;
+      if (!isOne || (length > 0 && step.index != program_.steps[0].index)) break;
+      ++length;
+      if (step.step == Step::kPlus) break;
+    }
+    return length;
+  }
 
   const ByteClass& ClassAt(const Instruction& step) const {
     return program_.classes[static_cast<std::size_t>(step.index)];
@@ -202,6 +236,7 @@ class Planner {
     bool isFirstKnown = firstIsKnown_ && !mayStartEmpty_;
     bool usesMap = pattern_.canBeEmpty != CanBeEmpty::kAnywhere;
     plan_.hasFirst = isFirstKnown || usesMap || mustBe_;
+    plan_.needsFirst = isFirstKnown || mustBe_ || pattern_.canBeEmpty == CanBeEmpty::kNever;
     plan_.first = isFirstKnown ? first_ : all;
     if (mustBe_) plan_.first = plan_.first & *mustBe_;
     if (!usesMap) return;
@@ -231,6 +266,7 @@ class Planner {
   std::int32_t at_ = 0;
   int elements_ = 0;
   bool hasBackRef_ = false;
+  bool looksBehind_ = false;
 
   // What the elements so far say of the start of a match ...
   bool hasAnchor_ = false;
@@ -253,6 +289,10 @@ class Planner {
 
 SearchPlan PlanSearch(const MatchProgram& program, const CompiledPattern& pattern) {
   return Planner(program, pattern).Run();
+}
+
+ScanPlan PlanScan(const MatchProgram& program, const CompiledPattern& pattern) {
+  return Planner(program, pattern).RunForScan();
 }
 
 }  // namespace tarrow

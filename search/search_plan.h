@@ -24,6 +24,9 @@ struct SearchPlan {
   bool hasFirst = false;
   ByteClass first;
 
+  // Whether every match begins with such a byte: a text without any cannot match.
+  bool needsFirst = false;
+
   // The literal and its distance from the start of the match, or the bytes that lie between them.
   LiteralFinder literal;
   std::int32_t literalOffset = 0;
@@ -38,7 +41,19 @@ struct SearchPlan {
   ByteClass leadRun;
 };
 
+// The same for a scan that tries every place as if the text began there, map or no map, and wants matches
+// that consume something.
+struct ScanPlan {
+  // A match begins with `runLength` bytes of `run`; with a runLength of 0 nothing is known.
+  std::size_t runLength = 0;
+  ByteClass run;
+
+  bool skipsLeadRun = false;
+  ByteClass leadRun;
+};
+
 // `canBeEmpty` and the map are those of ComputeFirstCharMap: a search tries no place that they exclude.
 SearchPlan PlanSearch(const MatchProgram& program, const CompiledPattern& pattern);
+ScanPlan PlanScan(const MatchProgram& program, const CompiledPattern& pattern);
 
 }  // namespace tarrow

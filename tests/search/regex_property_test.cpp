@@ -3,60 +3,15 @@
 #include "search/regex_compiler.h"
 #include "search/regex_dump.h"
 #include "tests/search/naive_matcher.h"
+#include "tests/search/random_patterns.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <random>
 #include <string>
 
 namespace tarrow {
 namespace {
-
-// Writes patterns and texts over a small alphabet, so that they often meet.
-class Generator {
- public:
-  explicit Generator(unsigned seed) : random_(seed) {}
-
-  int Below(int n) { return static_cast<int>(random_() % static_cast<unsigned>(n)); }
-
-  std::string Pattern() {
-    static const char* const kPieces[] = {
-        "a",   "b",    "ab",  "c",   "_",   ".",     ".",        "[ab]",  "[^a]", "[a-c]", "[^\r\n]", "[b_]",
-        "*",   "*",    "*",   "+",   "+",   "?",     "?",        "^",     "$",    "\\(",   "\\(",     "\\)",
-        "\\)", "\\1",  "\\2", "\\<", "\\>", " ",     "A",        "\n",    "\r",   "[ -~]", "[^ab]",   "bca",
-        "ab",  "[_c]", "a*",  "b+",  ".*",  "[ab]*", "\\(a*\\)", "[^b]*", "$\\)", "\\t",   "[]-]",    "[^]",
-    };
-    std::string out;
-    int open = 0;
-    for (int n = 1 + Below(9); n > 0; --n) {
-      std::string piece = kPieces[Below(static_cast<int>(std::size(kPieces)))];
-      open += (piece == "\\(") - (piece == "\\)" || piece == "$\\)");
-      out += piece;
-    }
-    for (; open > 0; --open) out += "\\)";
-    return out;
-  }
-
-  // Now and then a long run, to reach the limits of the failure stack.
-  std::string Text() {
-    static const char* const kPieces[] = {"a", "b",    "a",  "b",  "c",  "_",   " ",
-                                          "A", "\r\n", "\r", "\n", "ab", "bca", "\xE9"};
-    std::string out;
-    for (int n = Below(24); n > 0; --n) out += kPieces[Below(static_cast<int>(std::size(kPieces)))];
-    if (Below(200) == 0) out += std::string(4090 + Below(12), "ab_"[Below(3)]) + (Below(2) ? "c" : "");
-    return out;
-  }
-
- private:
-  std::mt19937 random_;
-};
-
-std::string Quoted(const std::string& text) {
-  std::string out;
-  for (char c : text.substr(0, 200)) out += c == '\r' ? "\\r" : c == '\n' ? "\\n" : std::string(1, c);
-  return "\"" + out + "\"";
-}
 
 // How many pairs to try: TARROW_REGEX_PAIRS, or what is quick.
 int PairCount() {
@@ -66,7 +21,7 @@ int PairCount() {
 
 // One compiled pattern searched several times by the engine and by the naive one, each with code of its own:
 // results and registers must agree. Counts the searches in `pairs`.
-void Compare(Generator& generator, const std::string& source, bool foldCase, int& pairs) {
+void Compare(RandomPatterns& generator, const std::string& source, bool foldCase, int& pairs) {
   CompiledPattern compiled;
   compiled.foldCase = foldCase;
   if (CompilePattern(source, compiled) != PatternError::kNone) return;
@@ -104,7 +59,7 @@ void Compare(Generator& generator, const std::string& source, bool foldCase, int
 }
 
 TEST(RegexProperty, AgreesWithTheNaiveMatcher) {
-  Generator generator(20261121);
+  RandomPatterns generator(20261121);
   for (int pairs = 0, wanted = PairCount(); pairs < wanted && !testing::Test::HasFatalFailure();) {
     std::string pattern = generator.Pattern();
     Compare(generator, pattern, generator.Below(3) == 0, pairs);
