@@ -44,14 +44,19 @@ void CTwChild::SetPath(std::string path) {
     directory_ = path_.substr(0, root ? slash + 1 : slash);
   }
   SetFlag(kUntitled, false);
-  if (!Exists()) return;
-  ShowTitle(::IsIconic(Handle()));
-  host_.ChildRetitled(*this);
+  ShowNewTitle();
 }
 
 void CTwChild::SetUntitled(std::string title) {
   path_ = std::move(title);
   SetFlag(kUntitled, true);
+  ShowNewTitle();
+}
+
+void CTwChild::ShowNewTitle() {
+  if (!Exists()) return;
+  ShowTitle(::IsIconic(Handle()));
+  host_.ChildRetitled(*this);
 }
 
 void CTwChild::SetFont(const LOGFONTW& font) {

@@ -83,6 +83,7 @@ class CTwChild : public CMDIChildWnd {
 
   void EnterDirectory();
   void ShowTitle(bool minimised);
+  void ShowNewTitle();
 
   Host& host_;
   std::uint32_t flags_;

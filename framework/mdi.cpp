@@ -42,6 +42,12 @@ bool CMDIFrameWnd::ForEachChild(const std::function<bool(CMDIChildWnd&)>& visit)
   return true;
 }
 
+// The client window writes the title when that of the child is set; Wine forgets to when a child is created
+// maximised or activated while the client window is hidden.
+void CMDIFrameWnd::RefreshTitle() const {
+  if (CMDIChildWnd* active = ActiveChild()) active->SetText(active->Text());
+}
+
 void CMDIFrameWnd::ActivateChild(CMDIChildWnd& child) {
   if (::IsIconic(child.Handle()))
     ::SendMessageW(client_, WM_MDIRESTORE, reinterpret_cast<WPARAM>(child.Handle()), 0);
@@ -77,7 +83,9 @@ bool CMDIChildWnd::CreateChild(CMDIFrameWnd& frame, const WindowClass& windowCla
                (maximised ? WS_MAXIMIZE : 0);
   spec.exStyle = WS_EX_MDICHILD;
   spec.parent = frame.Client();
-  return Create(windowClass, spec);
+  if (!Create(windowClass, spec)) return false;
+  frame.RefreshTitle();
+  return true;
 }
 
 bool CMDIChildWnd::IsActive() const {

@@ -28,6 +28,9 @@ class CMDIFrameWnd : public CWnd {
   // Returns whether all were visited. Children may be destroyed on the way.
   bool ForEachChild(const std::function<bool(CMDIChildWnd&)>& visit) const;
 
+  // Lets the title of the frame name the active child if that is maximised.
+  void RefreshTitle() const;
+
   void ActivateChild(CMDIChildWnd& child);
   void MaximiseChild(CMDIChildWnd& child);
 

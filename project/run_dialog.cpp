@@ -2,6 +2,7 @@
 
 #include "edit/file_dialogs.h"
 #include "framework/directories.h"
+#include "framework/mdi.h"
 #include "framework/text_resources.h"
 #include "framework/unicode.h"
 #include "resources/resource.h"
