@@ -108,18 +108,16 @@ void IniText::Parse(std::string_view text) {
     std::size_t length = std::min(text.find('\n'), text.size() - 1) + 1;
     std::string_view line = text.substr(0, length);
     text.remove_prefix(length);
-    Statement statement = ReadStatement(line);
-    if (statement.section) {
-      CloseSection();
-      Section& section = sections_.emplace_back();
-      section.name = Lower(*statement.section);
-      section.header = line;
-      byName_.try_emplace(section.name, sections_.size() - 1);
+    auto name = ReadStatement(line).section;
+    if (!name) {
+      sections_.back().lines.emplace_back(line);
       continue;
     }
-    Section& section = sections_.back();
-    if (statement.key) section.keys.try_emplace(Lower(*statement.key), section.lines.size());
-    section.lines.emplace_back(line);
+    CloseSection();
+    Section& section = sections_.emplace_back();
+    section.name = Lower(*name);
+    section.header = line;
+    byName_.try_emplace(section.name, sections_.size() - 1);
   }
   CloseSection();
 }
@@ -131,6 +129,16 @@ void IniText::CloseSection() {
   while (firstBlank != section.lines.begin() && Trim(*(firstBlank - 1)).empty()) --firstBlank;
   for (auto line = firstBlank; line != section.lines.end(); ++line) section.blankLines += *line;
   section.lines.erase(firstBlank, section.lines.end());
+}
+
+const std::unordered_map<std::string, std::size_t>& IniText::Section::Index() const {
+  if (!isIndexed) {
+    keys.clear();
+    for (std::size_t i = 0; i < lines.size(); ++i)
+      if (auto key = ReadStatement(lines[i]).key) keys.try_emplace(Lower(*key), i);
+    isIndexed = true;
+  }
+  return keys;
 }
 
 std::string IniText::Bytes() const {
@@ -179,7 +187,7 @@ std::vector<std::string> IniText::Keys(std::string_view section) const {
   if (!found) return keys;
   for (std::size_t i = 0; i < found->lines.size(); ++i) {
     auto key = ReadStatement(found->lines[i]).key;
-    if (key && found->keys.at(Lower(*key)) == i) keys.emplace_back(*key);
+    if (key && found->Index().at(Lower(*key)) == i) keys.emplace_back(*key);
   }
   return keys;
 }
@@ -187,8 +195,8 @@ std::vector<std::string> IniText::Keys(std::string_view section) const {
 std::optional<std::string> IniText::Value(std::string_view section, std::string_view key) const {
   const Section* found = Find(section);
   if (!found) return {};
-  auto at = found->keys.find(Lower(key));
-  if (at == found->keys.end()) return {};
+  auto at = found->Index().find(Lower(key));
+  if (at == found->Index().end()) return {};
   std::string_view line = found->lines[at->second];
   std::string_view value = Trim(line.substr(line.find('=') + 1));
   return std::string(IsQuoted(value) ? value.substr(1, value.size() - 2) : value);
@@ -197,8 +205,9 @@ std::optional<std::string> IniText::Value(std::string_view section, std::string_
 void IniText::SetValue(std::string_view section, std::string_view key, std::string_view value) {
   if (!IsWritableKey(key)) return;
   Section& target = FindOrAdd(section);
-  auto [at, isNew] = target.keys.try_emplace(Lower(key), target.lines.size());
-  if (isNew) {
+  auto at = target.Index().find(Lower(key));
+  if (at == target.keys.end()) {
+    target.keys.emplace(Lower(key), target.lines.size());
     target.lines.push_back(std::string(key).append("=").append(ValueText(value)).append(lineEnd_));
     return;
   }
@@ -213,15 +222,13 @@ void IniText::SetValue(std::string_view section, std::string_view key, std::stri
 template <typename Predicate>
 void IniText::EraseLines(Section& section, Predicate isUnwanted) {
   std::erase_if(section.lines, [&](const std::string& line) { return isUnwanted(ReadStatement(line)); });
-  section.keys.clear();
-  for (std::size_t i = 0; i < section.lines.size(); ++i)
-    if (auto key = ReadStatement(section.lines[i]).key) section.keys.try_emplace(Lower(*key), i);
+  section.isIndexed = false;
 }
 
 void IniText::RemoveKey(std::string_view section, std::string_view key) {
   Section* found = Find(section);
   std::string name = Lower(key);
-  if (!found || !found->keys.contains(name)) return;
+  if (!found || !found->Index().contains(name)) return;
   // Every line of that name goes, or a later one would come to count.
   EraseLines(*found, [&](const Statement& s) { return s.key && Lower(*s.key) == name; });
 }

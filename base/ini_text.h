@@ -48,8 +48,12 @@ class IniText {
     std::string header;              // its line, line end included; empty for what precedes the first section
     std::vector<std::string> lines;  // with their line ends
     std::string blankLines;          // at the end of the section
-    std::unordered_map<std::string, std::size_t> keys;  // lower-case names to the first line of each
     bool removed = false;
+    // Lower-case names of keys to the first line of each; made for the sections that somebody asks about.
+    mutable std::unordered_map<std::string, std::size_t> keys;
+    mutable bool isIndexed = false;
+
+    const std::unordered_map<std::string, std::size_t>& Index() const;
   };
 
   void Parse(std::string_view text);

@@ -1,5 +1,6 @@
 #include "shell/settings.h"
 
+#include "base/exceptions.h"
 #include "base/path_text.h"
 #include "base/text_format.h"
 #include "base/utf16.h"
@@ -8,6 +9,7 @@
 
 #include <charconv>
 #include <limits>
+#include <optional>
 
 namespace tarrow {
 namespace {
@@ -100,13 +102,18 @@ void OverlayProject(SettingsFiles& files, CProfileStore& store, const std::strin
   IniText file = files.ReadProject();
   if (file.Value(store.SectionName(kProjectSection), ProjectKey())) {
     file.RemoveKey(store.SectionName(kProjectSection), ProjectKey());
-    files.WriteProject(file);
+    try {
+      files.WriteProject(file);
+    } catch (const CFileException&) {  // a project that cannot be written can be opened all the same
+    }
   }
   store.Load(file);
   store.WriteString(kProjectSection, ProjectKey(), directory);
 }
 
-void SaveProject(SettingsFiles& files, CProfileStore& store, const ProjectState& project) {
+// Moves what the store holds to the project's file. Returns why that failed; the store goes on without it.
+std::optional<CFileException> SaveProject(SettingsFiles& files, CProfileStore& store,
+                                          const ProjectState& project) {
   store.RemoveKey(kProjectSection, ProjectKey());
   store.WriteString(kProjectSection, FindText(kTextKeyDebugBuild), project.debugBuild ? "1" : "0");
   store.WriteString(kProjectSection, FindText(kTextKeyEnvironment),
@@ -115,9 +122,15 @@ void SaveProject(SettingsFiles& files, CProfileStore& store, const ProjectState&
   file.RemoveKey(store.SectionName(kProjectSection), ProjectKey());
   file.RemoveSection(store.SectionName(kSessionSection));
   store.Save(file);
-  files.WriteProject(file);
+  std::optional<CFileException> failure;
+  try {
+    files.WriteProject(file);
+  } catch (const CFileException& error) {
+    failure = error;
+  }
   store.Clear();
   store.WriteString(kProjectSection, ProjectKey(), project.directory);
+  return failure;
 }
 
 }  // namespace
@@ -154,9 +167,9 @@ void SaveSettings(SettingsFiles& files, CProfileStore& store, const ProgramSetti
   WriteRecent(store, kSessionSection, "File", settings.recentFiles);
 
   IniText global = files.ReadGlobal();
-  bool projectIsOpen = !settings.project.directory.empty();
-  if (projectIsOpen) {
-    SaveProject(files, store, settings.project);
+  std::optional<CFileException> failure;
+  if (!settings.project.directory.empty()) {
+    failure = SaveProject(files, store, settings.project);
   } else {
     store.RemoveKey(kProjectSection, ProjectKey());
     global.RemoveKey(store.SectionName(kProjectSection), ProjectKey());
@@ -166,6 +179,7 @@ void SaveSettings(SettingsFiles& files, CProfileStore& store, const ProgramSetti
   store.Save(global);
   files.WriteGlobal(global);
   store.Clear();
+  if (failure) throw *failure;
 }
 
 FontChoice ParseFont(std::string_view value) {

@@ -1,5 +1,6 @@
 #include "shell/settings.h"
 
+#include "base/exceptions.h"
 #include "shell/session.h"
 
 #include <gtest/gtest.h>
@@ -15,12 +16,16 @@ class MemoryFiles final : public SettingsFiles {
  public:
   std::string global, project;
   std::string projectDirectory = "c:\\work\\editor";
+  bool projectIsLocked = false;
 
   IniText ReadGlobal() override { return IniText(global); }
   void WriteGlobal(const IniText& text) override { global = text.Bytes(); }
   bool EnterProject(const std::string& directory) override { return directory == projectDirectory; }
   IniText ReadProject() override { return IniText(project); }
-  void WriteProject(const IniText& text) override { project = text.Bytes(); }
+  void WriteProject(const IniText& text) override {
+    if (projectIsLocked) throw CFileException(FileCause::kAccessDenied, projectDirectory);
+    project = text.Bytes();
+  }
 
   std::string Global(std::string_view section, std::string_view key) const {
     return IniText(global).Value(section, key).value_or("(none)");
@@ -243,6 +248,38 @@ TEST(Session, KeepsTheRestoredSizeOfAFrameThatIsNot) {
   EXPECT_EQ("9,9,900,900,0", FormatPlacement("9,9,900,900,1", now, FrameState::kMinimised));
   EXPECT_EQ("1,2,300,400,1", FormatPlacement("", now, FrameState::kMaximised));
   EXPECT_EQ("1,2,300,400,0", FormatPlacement("9,9,900", now, FrameState::kMinimised));
+}
+
+TEST(Settings, OfAProjectThatCannotBeWrittenAreReadAndTheGlobalOnesSaved) {
+  MemoryFiles files;
+  files.global = "[Project]\r\nProject=c:\\work\\editor\r\n";
+  files.project = "[Project]\r\nProject=c:\\elsewhere\r\n[Settings]\r\nTabSize=3\r\n";
+  files.projectIsLocked = true;
+  ProgramRun run(files);
+  EXPECT_EQ(run.settings.global.tabSize, 3);
+  EXPECT_EQ(run.settings.project.directory, files.projectDirectory);
+  run.settings.recentProjects.Add("c:\\other");
+  EXPECT_THROW(run.Save(), CFileException);
+  EXPECT_EQ(files.Global("Project", "Project 1"), "c:\\other");
+  EXPECT_EQ(files.Global("Project", "Project"), files.projectDirectory);
+}
+
+TEST(Settings, HugeAndBinaryFilesAreReadInSensibleTime) {
+  MemoryFiles files;
+  for (int i = 0; i < 10'000; ++i)
+    files.global += "[Section " + std::to_string(i) + "]\r\nKey=some value\r\n[Key Bindings]\r\nx=" +
+                    std::string(1000, 'v') + "\r\n";
+  files.global += "[Settings]\r\nTabSize=3\r\n";
+  ProgramRun huge(files);
+  EXPECT_EQ(huge.settings.global.tabSize, 3);
+  huge.Save();
+  EXPECT_EQ(IniText(files.global).Value("Section 7", "Key"), "some value");
+
+  std::string binary(1'000'000, '\0');
+  for (std::size_t i = 0; i < binary.size(); ++i) binary[i] = static_cast<char>(i * i >> 3);
+  files.global = binary;
+  ProgramRun(files).Save();
+  EXPECT_EQ(files.global.substr(0, binary.size()), binary);
 }
 
 }  // namespace
