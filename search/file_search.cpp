@@ -138,7 +138,7 @@ class FileSearch::Lines {
   void Append(std::string_view line) {
     char digits[24];
     char* end = std::to_chars(digits, digits + sizeof digits, lineNumber_).ptr;
-    output_.append(prefix_).append(digits, end).append("): ").append(line).append("\r\n");
+    output_.append(prefix_).append(digits, end).append("): ").append(line).append(search_.lineEnd_);
     if (output_.size() >= kOutputSize) Flush();
   }
 
@@ -154,8 +154,14 @@ class FileSearch::Lines {
   std::string output_;
 };
 
-FileSearch::FileSearch(CompiledPattern& pattern, Listing listing, TextSink& sink, Progress* progress)
-    : pattern_(pattern), listing_(listing), sink_(sink), progress_(progress), buffer_(kBufferSize) {
+FileSearch::FileSearch(CompiledPattern& pattern, Listing listing, TextSink& sink, Progress* progress,
+                       std::string_view lineEnd)
+    : pattern_(pattern),
+      listing_(listing),
+      sink_(sink),
+      progress_(progress),
+      lineEnd_(lineEnd),
+      buffer_(kBufferSize) {
   if (!pattern_.mapValid) ComputeFirstCharMap(pattern_);
 }
 
@@ -182,7 +188,7 @@ std::int64_t FileSearch::Run(ByteSource& file, std::string_view shownName, std::
   }
   lines.Flush();
   if (listing_ == Listing::kCounts && lines.MatchCount() > 0)
-    sink_.Write(FormatText("%s: %d\r\n", {fullName, lines.MatchCount()}));
+    sink_.Write(FormatText("%s: %d%s", {fullName, lines.MatchCount(), lineEnd_}));
   return lines.MatchCount();
 }
 

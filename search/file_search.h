@@ -22,13 +22,14 @@ class FileSearch {
   enum class Listing { kLines, kCounts };
 
   // Finds `pattern`, which has been compiled, and writes to `sink`; both outlive the search. `progress` may
-  // be null.
-  FileSearch(CompiledPattern& pattern, Listing listing, TextSink& sink, Progress* progress);
+  // be null. Written lines end in `lineEnd`.
+  FileSearch(CompiledPattern& pattern, Listing listing, TextSink& sink, Progress* progress,
+             std::string_view lineEnd = "\r\n");
   ~FileSearch();
 
   // Searches `file` from where it stands to its end and returns the number of matching lines. When lines are
   // listed, writes each as "shownName(number): text"; when they are counted, writes "fullName: count" if
-  // there are any. Lines end in CR LF. Throws CFileException and CYieldException, and what the sink throws;
+  // there are any. Throws CFileException and CYieldException, and what the sink throws;
   // what has been found until then is written, but no count.
   std::int64_t Run(ByteSource& file, std::string_view shownName, std::string_view fullName);
 
@@ -39,6 +40,7 @@ class FileSearch {
   Listing listing_;
   TextSink& sink_;
   Progress* progress_;
+  std::string_view lineEnd_;
   std::vector<char> buffer_;
 };
 

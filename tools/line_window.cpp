@@ -33,7 +33,7 @@ bool LineWindow::Next(LineSpan& line) {
 // Takes what has no line end within reach: a piece of a long line, or the last line of the file.
 bool LineWindow::TakeLong(LineSpan& line, std::string_view rest) {
   if (rest.empty()) return false;
-  if (form_ == LineForm::kExact && rest.size() > kLongestLine) throw LongLineException();
+  if (form_ == LineForm::kExact && rest.size() > kLongestLine) throw LongLineException(source_);
   std::size_t n = form_ == LineForm::kExact ? rest.size() : std::min(rest.size(), kLongestTextLine);
   Take(line, n, n, false);
   return true;

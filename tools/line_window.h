@@ -23,10 +23,15 @@ enum class LineForm {
   kExact,
 };
 
-// A line cannot be taken whole.
+// A line of `Source()` cannot be taken whole.
 class LongLineException : public CException {
  public:
+  explicit LongLineException(const ByteSource& source) : source_(&source) {}
+  const ByteSource& Source() const { return *source_; }
   const char* what() const noexcept override { return "a line is longer than 65535 characters"; }
+
+ private:
+  const ByteSource* source_;
 };
 
 // A line in a LineWindow, without its line end.

@@ -1,0 +1,105 @@
+#include "console/console.h"
+
+#include "console/system.h"
+#include "ui/string_ids.h"
+#include "ui/string_table.h"
+
+#include <iostream>
+#include <new>
+
+namespace tarrow {
+namespace {
+
+// Tells the progress how much of a file is read.
+class WatchedSource final : public ByteSource {
+ public:
+  WatchedSource(std::unique_ptr<ByteSource> source, ProgressDisplay& progress)
+      : source_(std::move(source)), progress_(progress) {
+    try {
+      progress_.AddTotal(source_->Size());
+    } catch (const CFileException&) {
+      // A pipe or a device has no size; a directory fails when it is read.
+    }
+  }
+
+  std::size_t Read(std::span<char> into) override {
+    std::size_t n = source_->Read(into);
+    progress_.AddRead(n);
+    return n;
+  }
+  void Seek(std::uint64_t position) override { source_->Seek(position); }
+  std::uint64_t Size() override { return source_->Size(); }
+
+ private:
+  std::unique_ptr<ByteSource> source_;
+  ProgressDisplay& progress_;
+};
+
+std::string_view CauseText(FileCause cause) {
+  return FindText(kTextFirstFileCause + static_cast<int>(cause));
+}
+
+}  // namespace
+
+Console::Output::Output(ProgressDisplay& progress)
+    : progress_(progress), onTerminal_(IsTerminal(Stream::kOutput)) {}
+
+void Console::Output::Write(std::string_view bytes) {
+  if (onTerminal_) progress_.Clear();
+  WriteTo(Stream::kOutput, bytes);
+}
+
+std::unique_ptr<ByteSource> Console::Open(const std::string& name) {
+  return std::make_unique<WatchedSource>(OpenInput(name), progress_);
+}
+
+void Console::Guard(const std::string& name, const std::function<void()>& use) {
+  try {
+    use();
+  } catch (const CFileException& failure) {
+    // Where nothing more can be written there is no going on.
+    if (failure.Path() == kStandardOutput) throw;
+    Complain(failure);
+  } catch (const std::bad_alloc&) {
+    Complain(name, FindText(kTextOutOfMemory));
+  }
+}
+
+void Console::ForEachFile(const std::vector<std::string>& names,
+                          const std::function<void(ByteSource&, const std::string&)>& use) {
+  for (const std::string& name : ExpandNames(names)) {
+    progress_.Begin(name);
+    Guard(name, [&] { use(*Open(name), name); });
+  }
+}
+
+void Console::Complain(std::string_view text) {
+  failed_ = true;
+  progress_.Clear();
+  WriteTo(Stream::kError,
+          std::string("tarrowc ").append(command_).append(": ").append(text).append(kNewLine));
+}
+
+void Console::Complain(std::string_view file, std::string_view cause) {
+  Complain(std::string(file).append(": ").append(cause));
+}
+
+void Console::Complain(const CFileException& failure) {
+  Complain(failure.Path(), IsDirectory(failure.Path()) ? "Is a directory" : CauseText(failure.Cause()));
+}
+
+bool Console::Ask(std::string_view question) {
+  if (!IsTerminal(Stream::kInput) || !IsTerminal(Stream::kError)) return false;
+  progress_.Clear();
+  WriteTo(Stream::kError, std::string(question).append(" [y/N] "));
+  std::string answer;
+  return std::getline(std::cin, answer) && (answer.starts_with('y') || answer.starts_with('Y'));
+}
+
+std::string ShownName(const std::string& name) {
+  std::string directory = CurrentDirectory();
+  bool isWithin = !directory.empty() && name.starts_with(directory) && name.size() > directory.size();
+  return isWithin ? name.substr(directory.size()) : name;
+}
+
+}  // namespace tarrow

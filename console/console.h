@@ -1,0 +1,65 @@
+// What the commands of tarrowc share: where they print, how they open files and tell of failures.
+//
+// A file that cannot be opened or read is told of in one line on the standard error, and the command goes on
+// with the next one; the exit code then tells of the trouble.
+#pragma once
+
+#include "base/byte_source.h"
+#include "base/exceptions.h"
+#include "base/text_sink.h"
+#include "console/progress_display.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarrow {
+
+class Console {
+ public:
+  explicit Console(std::string_view command) : command_(command), out_(progress_) {}
+
+  TextSink& Out() { return out_; }
+  ProgressDisplay& GetProgress() { return progress_; }
+
+  // Opens a file whose reading the progress follows. Throws CFileException.
+  std::unique_ptr<ByteSource> Open(const std::string& name);
+
+  // Calls `use` and tells of a failure of the file `name` in it.
+  void Guard(const std::string& name, const std::function<void()>& use);
+  // The same for each of several files, wildcards expanded, opened.
+  void ForEachFile(const std::vector<std::string>& names,
+                   const std::function<void(ByteSource&, const std::string&)>& use);
+
+  // Writes a line to the standard error; the command has failed, at least in part.
+  void Complain(std::string_view text);
+  void Complain(std::string_view file, std::string_view cause);
+  void Complain(const CFileException& failure);
+  bool Failed() const { return failed_; }
+
+  // Puts a question with the answers Yes and No on the terminal; No where there is none.
+  bool Ask(std::string_view question);
+
+ private:
+  class Output final : public TextSink {
+   public:
+    explicit Output(ProgressDisplay& progress);
+    void Write(std::string_view bytes) override;
+
+   private:
+    ProgressDisplay& progress_;
+    bool onTerminal_;
+  };
+
+  std::string_view command_;
+  ProgressDisplay progress_;
+  Output out_;
+  bool failed_ = false;
+};
+
+// The name under which results of a file are shown: its own without the current directory in front.
+std::string ShownName(const std::string& name);
+
+}  // namespace tarrow
