@@ -82,7 +82,7 @@ constexpr EditingCommand kCommands[] = {
 
 }  // namespace
 
-std::span<const EditingCommand> EditingCommands() {
+std::span<const EditingCommand> EditingCommandTable() {
   return kCommands;
 }
 

@@ -34,7 +34,7 @@ struct EditingCommand {
   EditingFunction run = nullptr;
 };
 
-[[nodiscard]] std::span<const EditingCommand> EditingCommands();
+[[nodiscard]] std::span<const EditingCommand> EditingCommandTable();
 
 // The row of a command, or null when it is no editing command.
 [[nodiscard]] const EditingCommand* FindEditingCommand(std::uint32_t id);

@@ -52,6 +52,9 @@ class TextControl final : public CWnd {
   TextView View() const { return buffer_.View(); }
   const Charset& TextCharset() const { return charset_; }
 
+  // The whole text in one piece, valid until it changes.
+  std::string_view ContiguousText() { return buffer_.Contiguous(); }
+
   // Replaces the whole text by a loaded one: caret at the start, unmodified, nothing to undo. The charset is
   // what its bytes tell.
   void Adopt(TextBuffer&& text);

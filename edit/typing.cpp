@@ -6,8 +6,8 @@ namespace tarrow {
 
 TextRange OvertypeRange(TextView text, TextRange selection, std::uint32_t character, Charset charset) {
   BytePos caret = selection.start;
-  bool inserts = character < ' ' || !selection.Empty() || caret == text.End() || AtLineBreak(text, caret);
-  if (inserts) return selection;
+  bool isControl = character < ' ' || character == kDeleteCharacter;
+  if (isControl || !selection.Empty() || caret == text.End() || AtLineBreak(text, caret)) return selection;
   return {caret, charset.Next(text, caret)};
 }
 

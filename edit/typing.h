@@ -12,6 +12,9 @@ constexpr bool IsRefusedWhenReadOnly(std::uint32_t character) {
   return character >= ' ';
 }
 
+// What Ctrl+Backspace types: a control character, whatever its number.
+inline constexpr std::uint32_t kDeleteCharacter = 0x7F;
+
 // What a typed character replaces in overtype mode: the character at the caret, but nothing at the end of a
 // line, and the selection when there is one. Control characters replace nothing beyond the selection.
 TextRange OvertypeRange(TextView text, TextRange selection, std::uint32_t character, Charset charset);

@@ -9,8 +9,10 @@
 
 namespace tarrow {
 
-class FakeHost final : public Host {
+class FakeHost : public Host {
  public:
+  virtual ~FakeHost() = default;
+
   int answer = IDOK;
   GlobalSettings settings;
   std::vector<int> boxes;  // the strings of the message boxes

@@ -42,7 +42,7 @@ std::string WithoutBlanks(std::string text) {
 
 TEST(EditingCommands, EachStandsOnce) {
   std::set<int> seen;
-  for (const EditingCommand& command : EditingCommands()) EXPECT_TRUE(seen.insert(command.id).second);
+  for (const EditingCommand& command : EditingCommandTable()) EXPECT_TRUE(seen.insert(command.id).second);
   EXPECT_EQ(FindEditingCommand(kFileSave), nullptr);
   EXPECT_EQ(FindEditingCommand(kEditUpper)->id, kEditUpper);
 }
@@ -67,7 +67,7 @@ TEST(EditingCommands, KeepTheirPromisesOnRandomTexts) {
   for (int round = 0; round < 20000; ++round) {
     std::string text = RandomText(random);
     TextRange selection = RandomSelection(random, text.size());
-    for (const EditingCommand& command : EditingCommands()) {
+    for (const EditingCommand& command : EditingCommandTable()) {
       if (!command.run) continue;
       Charset charset = random() % 2 ? Charset() : Charset(WesternCodePage());
       EditOutcome outcome = RunEditingCommand(command, {TextView(text), selection, charset, {}});
