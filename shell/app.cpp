@@ -88,6 +88,9 @@ void CTwApp::FindPlaces(const CommandLineOptions& options) {
 // The command line takes precedence over the settings.
 void CTwApp::LoadProgramSettings(const CommandLineOptions& options) {
   files_.SetGlobalFile(program_.initFile);
+  files_.OnMoved([this](const std::string& wanted, const std::string& kept) {
+    frame_.ShowMessageBox(nullptr, MB_ICONINFORMATION, kTextSettingsElsewhere, {wanted, kept});
+  });
   program_.settings.project.directory = WorkingDirectoryOf(options);
   LoadSettings(files_, program_.store, true, program_.settings);
   if (options.editorOnly) program_.settings.global.Set(kNoProject, true);

@@ -57,7 +57,7 @@ bool CTwFrame::CreateMain(const RECT& bounds) {
 
 bool CTwFrame::OnCreate(const CREATESTRUCTW&) {
   if (!CreateClient(nullptr)) return false;
-  if (!Settings().Has(kNoToolBar)) CreateToolBar();
+  if (!Settings().Has(kNoToolBar)) CreateToolBar(!Settings().Has(kNoProject));
   if (!Settings().Has(kNoStatusBar)) CreateStatusBar();
   menus_.SetRecentFiles(program_.settings.recentFiles.Names());
   Post(kShowMenuMessage, static_cast<WPARAM>(MenuBar::kNoDocument));
@@ -76,7 +76,7 @@ void CTwFrame::Layout() {
     ::MoveWindow(toolBar_.Handle(), 0, 0, area.right, height, TRUE);
     area.top = height;
   }
-  if (statusBar_.Exists() && !Settings().Has(kNoStatusBar)) {
+  if (statusBar_.Exists()) {
     area.bottom -= statusBar_.Height();
     ::MoveWindow(statusBar_.Handle(), 0, area.bottom, area.right, statusBar_.Height(), TRUE);
   }

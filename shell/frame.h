@@ -10,7 +10,9 @@
 #include "framework/mdi.h"
 #include "shell/menu_bars.h"
 #include "shell/program_state.h"
+#include "ui/global_settings_form.h"
 #include "ui/host.h"
+#include "ui/key_bindings.h"
 #include "ui/status_bar.h"
 #include "ui/tool_bar.h"
 #include "ui/window_selector.h"
@@ -126,8 +128,14 @@ class CTwFrame final : public CMDIFrameWnd, public Host {
 
   // frame_settings.cpp
   void OnGlobalSettings();
-  void CreateToolBar();
+  void CreateToolBar(bool withProject);
   void CreateStatusBar();
+
+  void ApplyEffect(SettingsEffect effect, const GlobalSettings& before);
+  void SetScreenFont(const LOGFONTW& font);
+  void ApplyToWindows(bool withFont);
+  void ApplyKeyBindings(KeyBindingTable& keys);
+  LOGFONTW PrinterFont() const;
 
   // frame_tools.cpp
   void OnExternalTool(UINT id);

@@ -5,13 +5,22 @@
 #include "shell/frame.h"
 #include "ui/accelerators.h"
 #include "ui/font_choice.h"
+#include "ui/global_settings_dialog.h"
+#include "ui/global_settings_form.h"
 #include "ui/key_bindings.h"
 #include "ui/string_table.h"
 
-namespace tarrow {
+#include <utility>
 
-void CTwFrame::CreateToolBar() {
-  bool withProject = !Settings().Has(kNoProject);
+namespace tarrow {
+namespace {
+
+constexpr const char* kScreenFontKey = "ScreenFont";
+constexpr const char* kPrinterFontKey = "PrinterFont";
+
+}  // namespace
+
+void CTwFrame::CreateToolBar(bool withProject) {
   auto query = [this](UINT id, CommandState& state) { return QueryCommand(id, state); };
   if (!toolBar_.CreateBar(Handle(), withProject, query)) ReportOutOfMemory();
 }
@@ -47,6 +56,89 @@ void CTwFrame::OnIdle() {
   if (toolBar_.Exists()) toolBar_.UpdateButtons();
 }
 
-void CTwFrame::OnGlobalSettings() {}
+void CTwFrame::OnGlobalSettings() {
+  GlobalSettingsChoice choice;
+  choice.settings = Settings();
+  choice.screenFont = program_.screenFont;
+  choice.printerFont = PrinterFont();
+  std::vector<KeyBinding> live = BindingsOf(Accelerators());
+  if (CGlobalSettingsDialog(*this, choice, live).DoModal(Handle()) != IDOK) return;
+
+  GlobalSettings before = std::exchange(Settings(), choice.settings);
+  for (SettingsEffect effect : EffectsOfChange(before, choice.settings)) ApplyEffect(effect, before);
+  if (choice.screenFontChanged) SetScreenFont(choice.screenFont);
+  if (choice.printerFontChanged)
+    program_.store.WriteString(kSettingsSection, kPrinterFontKey,
+                               FormatFont(FromLogFont(choice.printerFont)));
+  if (choice.screenFontChanged || before.tabSize != choice.settings.tabSize)
+    ApplyToWindows(choice.screenFontChanged);
+  if (choice.keysChanged) ApplyKeyBindings(choice.keys);
+}
+
+void CTwFrame::ApplyEffect(SettingsEffect effect, const GlobalSettings& before) {
+  const GlobalSettings& settings = Settings();
+  bool project = !settings.Has(kNoProject);
+  switch (effect) {
+    case SettingsEffect::kRebuildToolBar:
+      toolBar_.Destroy();
+      if (!settings.Has(kNoToolBar)) CreateToolBar(!before.Has(kNoProject));
+      break;
+    case SettingsEffect::kShowStatusBar:
+      CreateStatusBar();
+      break;
+    case SettingsEffect::kHideStatusBar:
+      statusBar_.Destroy();
+      break;
+    case SettingsEffect::kStartClock:
+      statusBar_.SwitchClock(true);
+      break;
+    case SettingsEffect::kStopClock:
+      statusBar_.SwitchClock(false);
+      break;
+    case SettingsEffect::kUpdateProjectMenu:
+      menus_.EnableProject(*this, project);
+      break;
+    case SettingsEffect::kUpdateProjectButtons:
+      toolBar_.ShowProjectButtons(project);
+      break;
+    case SettingsEffect::kUpdateAutoSave:
+      statusBar_.SetAutoSave(settings.Has(kSaveWithoutAsking));
+      break;
+  }
+  Layout();
+}
+
+void CTwFrame::SetScreenFont(const LOGFONTW& font) {
+  program_.screenFont = font;
+  Settings().screenFont = FromLogFont(font);
+  program_.store.WriteString(kSettingsSection, kScreenFontKey, FormatFont(Settings().screenFont));
+}
+
+// The edit windows that are open take on the new tab size, and the new screen font if there is one.
+void CTwFrame::ApplyToWindows(bool withFont) {
+  ForEachChild([&](CMDIChildWnd& child) {
+    if (auto* edit = dynamic_cast<CTwFileEdit*>(&child))
+      edit->ApplySettings(withFont ? &program_.screenFont : nullptr);
+    return true;
+  });
+}
+
+// Nothing changes where the new accelerators cannot be made.
+void CTwFrame::ApplyKeyBindings(KeyBindingTable& keys) {
+  AcceleratorHandle made = CreateAccelerators(keys.Entries());
+  if (!made) return;
+  accelerators_ = std::move(made);
+  while (auto change = keys.NextChange()) {
+    KeyBindingUpdate update = UpdateFor(*change);
+    menus_.SetKeyText(update.menu.command, update.menu.keyText);
+    program_.store.WriteString(kKeyBindingsSection, update.entry.name, update.entry.value);
+  }
+}
+
+LOGFONTW CTwFrame::PrinterFont() const {
+  std::string font;
+  (void)program_.store.ReadString(kSettingsSection, kPrinterFontKey, font);
+  return ToLogFont(ParseFont(font));
+}
 
 }  // namespace tarrow
