@@ -37,7 +37,8 @@ constinit const MessageMap CTwFileEdit::kMessageMap =
                      OnCommand<kEditMerge, &CTwFileEdit::OnMerge, &CTwFileEdit::CanChange>,
                      OnCommand<kHelpFileStats, &CTwFileEdit::OnFileStats>>();
 
-CTwFileEdit::CTwFileEdit(Host& host, std::uint32_t flags) : CTwChild(host, flags) {
+CTwFileEdit::CTwFileEdit(Host& host, std::uint32_t flags)
+    : CTwChild(host, flags), commands_(host, control_, *this) {
   SetFlag(kTextWindow, true);
 }
 
@@ -117,6 +118,24 @@ void CTwFileEdit::SetModified(bool modified) {
   if (Has(kModified) == modified) return;
   SetFlag(kModified, modified);
   Program().PublishIndicator(Indicator::kModification, ModificationState(Flags()));
+}
+
+void CTwFileEdit::ChangeEditFlags(std::uint32_t flags) {
+  SetFlags(flags);
+  control_.SetReadOnly(Has(kReadOnly));
+  CTwChild::PublishState();
+}
+
+bool CTwFileEdit::QueryCommand(UINT id, CommandState& state) const {
+  if (CTwChild::QueryCommand(id, state)) return true;
+  if (!FindEditingCommand(id)) return false;
+  state = commands_.State(id);
+  return true;
+}
+
+bool CTwFileEdit::RunCommand(UINT id, UINT code, HWND control, LRESULT& result) {
+  if (CTwChild::RunCommand(id, code, control, result)) return true;
+  return !control && commands_.Run(id);
 }
 
 void CTwFileEdit::OnErrSpace() {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "edit/child.h"
+#include "edit/file_edit_commands.h"
 #include "edit/file_format.h"
 #include "edit/file_load.h"
 #include "edit/text_control.h"
@@ -15,7 +16,7 @@
 
 namespace tarrow {
 
-class CTwFileEdit : public CTwChild {
+class CTwFileEdit : public CTwChild, private EditingOwner {
  public:
   // The identifier of the text control within its window.
   static constexpr UINT kControlId = 3244;
@@ -38,6 +39,8 @@ class CTwFileEdit : public CTwChild {
 
   bool QuerySave(int message) override;
   void PublishState() override;
+  bool QueryCommand(UINT id, CommandState& state) const override;
+  bool RunCommand(UINT id, UINT code, HWND control, LRESULT& result) override;
 
  protected:
   static const MessageMap kMessageMap;
@@ -50,6 +53,12 @@ class CTwFileEdit : public CTwChild {
  private:
   CTwFileEdit(Host& host, std::uint32_t flags);
   bool CreateEdit();
+
+  // EditingOwner:
+  std::uint32_t EditFlags() const override { return Flags(); }
+  void ChangeEditFlags(std::uint32_t flags) override;
+  void MarkClean() override { SetModified(false); }
+  void Beep(UINT sound) override { Alert(sound); }
 
   // file_edit.cpp: the window and its control.
   bool OnCreate(const CREATESTRUCTW& create);
@@ -75,6 +84,7 @@ class CTwFileEdit : public CTwChild {
   bool WriteFile(const std::string& path);
 
   TextControl control_;
+  EditingCommands commands_;
   FileFormat format_ = FileFormat::kDos;
   bool programScrolled_ = false;  // the program itself has scrolled the control sideways
 };

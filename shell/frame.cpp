@@ -1,6 +1,6 @@
 #include "shell/frame.h"
 
-#include "edit/child.h"
+#include "edit/file_edit.h"
 #include "framework/ctl3d.h"
 #include "framework/directories.h"
 #include "framework/text_resources.h"
@@ -31,6 +31,9 @@ constinit const MessageMap CTwFrame::kMessageMap = MessageMap::Make<
     OnCommand<kFileClose, &CTwFrame::OnCloseWindow, &CTwFrame::HasWindow>,
     OnCommand<kFileExit, &CTwFrame::OnExit>,
     OnCommandRange<kRecentFileFirst, kRecentFileLast, &CTwFrame::OnRecentFile>,
+    OnRegistered<&kFindReplaceMessage, &CTwFrame::OnFindNotification>,
+    OnRegistered<&kCommonDialogHelp, &CTwFrame::OnFindHelp>,
+    OnCommandRange<kSearchFind, kSearchReplaceNext, &CTwFrame::OnFind, &CTwFrame::FindCommandState>,
     OnCommand<kSetGlobal, &CTwFrame::OnGlobalSettings>,
     OnCommand<kToolSysMetrics, &CTwFrame::OnSystemMetrics>,
     OnCommandRange<kToolDialogEdit, kToolCalculator, &CTwFrame::OnExternalTool>,
@@ -44,7 +47,8 @@ constinit const MessageMap CTwFrame::kMessageMap = MessageMap::Make<
     OnCommand<kHelpSearch, &CTwFrame::OnHelpSearch>, OnCommand<kHelpContext, &CTwFrame::OnWindowHelp>,
     OnCommand<kHelpAbout, &CTwFrame::OnAbout>>();
 
-CTwFrame::CTwFrame(ProgramState& program) : program_(program) {}
+CTwFrame::CTwFrame(ProgramState& program)
+    : program_(program), find_(*this, [this] { return ActiveText(); }) {}
 
 bool CTwFrame::CreateMain(const RECT& bounds) {
   WindowSpec spec;
@@ -139,6 +143,21 @@ void CTwFrame::OnInitMenuPopup(HMENU menu, UINT, bool isSystemMenu) {
   MenuBars::Update(menu, [this](UINT id, CommandState& state) { return QueryCommand(id, state); });
 }
 
+TextControl* CTwFrame::ActiveText() const {
+  auto* edit = dynamic_cast<CTwFileEdit*>(ActiveChild());
+  return edit ? &edit->Control() : nullptr;
+}
+
+LRESULT CTwFrame::OnFindNotification(WPARAM, LPARAM l) {
+  find_.OnNotification(l);
+  return 0;
+}
+
+LRESULT CTwFrame::OnFindHelp(WPARAM, LPARAM) {
+  find_.OnHelp();
+  return 0;
+}
+
 bool CTwFrame::QueryCloseAll() {
   return ForEachChild([](CMDIChildWnd& child) { return child.Send(WM_QUERYENDSESSION) != 0; });
 }
@@ -155,6 +174,7 @@ void CTwFrame::OnEndSession(bool ending) {
 void CTwFrame::OnClose() {
   if (!QueryCloseAll()) return;
   selector_.Destroy();
+  find_.CloseDialog();
   SaveProgramState();
   statusBar_.Destroy();
   toolBar_.Destroy();

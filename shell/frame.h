@@ -8,6 +8,7 @@
 #pragma once
 
 #include "framework/mdi.h"
+#include "search/find_commands.h"
 #include "shell/menu_bars.h"
 #include "shell/program_state.h"
 #include "ui/global_settings_form.h"
@@ -91,6 +92,11 @@ class CTwFrame final : public CMDIFrameWnd, public Host {
   LRESULT OnShowMenu(WPARAM w, LPARAM l);
   void OnMenuSelect(UINT item, UINT flags, HMENU menu);
   void OnInitMenuPopup(HMENU menu, UINT index, bool isSystemMenu);
+  void OnFind(UINT id) { find_.Run(id); }
+  CommandState FindCommandState(UINT id) const { return find_.State(id); }
+  LRESULT OnFindNotification(WPARAM w, LPARAM l);
+  LRESULT OnFindHelp(WPARAM w, LPARAM l);
+  TextControl* ActiveText() const;
   bool OnQueryEndSession();
   void OnEndSession(bool ending);
   void OnClose();
@@ -152,6 +158,7 @@ class CTwFrame final : public CMDIFrameWnd, public Host {
   CStatusBar statusBar_;
   CToolBar toolBar_;
   CWinSelector selector_;
+  FindCommands find_;
   AcceleratorHandle accelerators_;
   HCURSOR cursorBeforeWait_ = nullptr;
   std::vector<bool> waits_;  // of each wait that has begun: whether it hides the windows

@@ -1,5 +1,6 @@
 // The frame's settings: the bars, the keys, and what follows when the user changes them.
 #include "edit/file_edit.h"
+#include "framework/text_resources.h"
 #include "framework/unicode.h"
 #include "project/options.h"
 #include "shell/frame.h"
@@ -8,7 +9,7 @@
 #include "ui/global_settings_dialog.h"
 #include "ui/global_settings_form.h"
 #include "ui/key_bindings.h"
-#include "ui/string_table.h"
+#include "ui/string_ids.h"
 
 #include <utility>
 
@@ -49,7 +50,7 @@ std::string CTwFrame::FileFilter() const {
   std::string filter;
   if (!program_.store.ReadString(kFirstOptionSection + environment, OptionKey(kOptionFileFilter), filter))
     filter = OptionPreset(kOptionFileFilter, environment);
-  return filter.empty() ? std::string(FindText(kTextAllFilesFilter)) : filter;
+  return filter.empty() ? LoadText(kTextAllFilesFilter) : filter;
 }
 
 void CTwFrame::OnIdle() {

@@ -89,8 +89,8 @@ void CTwFrame::ChildActivated(CMDIChildWnd& child, bool first) {
 
 void CTwFrame::ChildDeactivated(CMDIChildWnd&, bool last) {
   if (!last) return;
-  PublishCaret(0, 0);
-  ShowStatus({}, 0);
+  if (statusBar_.Exists()) statusBar_.ShowIdle();
+  find_.CloseDialog();
   DirectoryChanged();
   Post(kShowMenuMessage, static_cast<WPARAM>(MenuBar::kNoDocument));
 }
