@@ -10,8 +10,6 @@
 #define IDB_TOOLS_MONO 50
 #define IDB_TOOLS_COLOR 51
 
-#define IDD_OPEN_EXTRAS 100
-#define IDD_SAVE_AS_EXTRAS 101
 #define IDD_GOTO_LINE 102
 #define IDD_GOTO_ADDRESS 103
 #define IDD_REPLACE 104
@@ -36,11 +34,6 @@
 #endif
 #define IDC_HELP_BUTTON 259
 #define IDC_WORKING_DIRECTORY 221
-
-/* Open, Save As: controls added to the dialogs of the system. */
-#define IDC_VIEW_IN_HEX 261
-#define IDC_READ_ONLY 262
-#define IDC_FILE_FORMAT 241
 
 /* Goto Line, Goto Address */
 #define IDC_GOTO 201

@@ -35,7 +35,7 @@ std::map<wchar_t, int> MnemonicsOf(HWND dialog) {
 }
 
 TEST(Resources, EveryDialogOpensAndNoKeyIsClaimedTwice) {
-  for (int id = IDD_OPEN_EXTRAS; id <= IDD_SYSTEM_METRICS; ++id) {
+  for (int id = IDD_GOTO_LINE; id <= IDD_SYSTEM_METRICS; ++id) {
     HWND owner = ::GetDesktopWindow();
     HWND dialog = ::CreateDialogParamW(ModuleInstance(), MAKEINTRESOURCEW(id), owner, NoAnswers, 0);
     ASSERT_TRUE(dialog) << id;
