@@ -20,8 +20,12 @@ constexpr std::size_t kTextRowSize = 256;
 // One file being listed: what both commands do around their records.
 class Listing {
  public:
-  Listing(Console& console, const std::string& name)
-      : console_(console), name_(name), batch_(console.Out()), ticker_(&console.GetProgress(), 64) {
+  Listing(Console& console, const std::string& name, std::string_view records)
+      : console_(console),
+        name_(name),
+        records_(records),
+        batch_(console.Out()),
+        ticker_(&console.GetProgress(), 64) {
     console.GetProgress().Begin(name);
   }
 
@@ -51,7 +55,7 @@ class Listing {
   template <typename Put>
   void PrintRecords(CRecordFile& file, std::uint64_t first, std::uint64_t count, Put put) {
     if (first >= file.RecordCount() && first > 0)
-      return console_.Complain(name_, FormatText("has only %u of them", {file.RecordCount()}));
+      return console_.Complain(name_, FormatText("has only %u %s", {file.RecordCount(), records_}));
     std::uint64_t end = std::min<std::uint64_t>(file.RecordCount(), first + count);
     if (first < end) file.SeekRecord(static_cast<std::int32_t>(first));
     for (std::uint64_t record = first; record < end; ++record) {
@@ -69,6 +73,7 @@ class Listing {
  private:
   Console& console_;
   const std::string& name_;
+  std::string_view records_;      // what they are called
   ByteSource* source_ = nullptr;  // owned by the record file
   TextBatch batch_;
   ProgressTicker ticker_;
@@ -78,7 +83,7 @@ void PrintLines(const Arguments& arguments, Console& console, const std::string&
   std::uint64_t first = arguments.Number('f', 1, 1, kMostRecords) - 1;
   std::uint64_t count = arguments.Number('n', kMostRecords, 0, kMostRecords);
   CLineFile file(static_cast<int>(arguments.Number('t', 8, 1, 255)));
-  Listing listing(console, name);
+  Listing listing(console, name, "lines");
   auto question = [&](unsigned char control) {
     if (arguments.Has('y')) return true;
     bool yes = console.Ask(FormatText(FindText(kTextNonAnsi), {control, name}));
@@ -98,7 +103,7 @@ void PrintHex(const Arguments& arguments, Console& console, const std::string& n
   std::uint64_t first = arguments.Number('f', 0, 0, std::numeric_limits<std::uint32_t>::max(), 16);
   std::uint64_t count = arguments.Number('n', kMostRecords, 0, kMostRecords);
   CFixedRecordFile file(kHexRowBytes);
-  Listing listing(console, name);
+  Listing listing(console, name, "rows");
   if (!listing.Check(file.Open(listing.Open()))) return;
   if (arguments.Has('s'))
     return listing.PrintStatistics(FormatText(FindText(kTextHexStats), {name, file.FileSize()}));
