@@ -101,9 +101,36 @@ std::size_t ByteClass::FindFar(std::string_view text, bool member) const {
     default:
       break;
   }
-  for (std::size_t i = kBlock; i < text.size(); ++i)
+  for (std::size_t i = kLookedUp; i < text.size(); ++i)
     if (Has(text[i]) == member) return i;
   return text.size();
+}
+
+// The members among the bytes of a mask's block.
+template <int kRanges>
+ByteMask ByteClass::MaskOfRanges(const char* block) const {
+  ByteMask mask = 0;
+  for (std::size_t k = 0; k < kMaskBlock; k += kBlock)
+    mask |= static_cast<ByteMask>(Hits<kRanges>(block + k)) << k;
+  return isComplement_ ? ~mask : mask;
+}
+
+ByteMask ByteClass::MembersMask(const char* block) const {
+  switch (rangeCount_) {
+    case 1:
+      return MaskOfRanges<1>(block);
+    case 2:
+      return MaskOfRanges<2>(block);
+    case 3:
+      return MaskOfRanges<3>(block);
+    case 4:
+      return MaskOfRanges<4>(block);
+    default:
+      break;
+  }
+  ByteMask mask = 0;
+  for (std::size_t k = 0; k < kMaskBlock; ++k) mask |= static_cast<ByteMask>(Has(block[k])) << k;
+  return mask;
 }
 
 // Each mask, shifted against itself, shows where a whole run lies within its block; the next block begins
@@ -113,9 +140,7 @@ template <int kRanges>
 std::size_t ByteClass::FindRunInBlocks(std::string_view text, std::size_t length) const {
   std::size_t i = 0;
   for (; i + kMaskBlock <= text.size(); i += kMaskBlock - length + 1) {
-    ByteMask runs = 0;
-    for (std::size_t k = 0; k < kMaskBlock; k += kBlock)
-      runs |= static_cast<ByteMask>(Hits<kRanges>(text.data() + i + k) ^ (isComplement_ ? 0xFFFFu : 0u)) << k;
+    ByteMask runs = MaskOfRanges<kRanges>(text.data() + i);
     std::size_t have = 1;
     for (; have * 2 <= length; have *= 2) runs &= runs >> have;
     runs &= runs >> (length - have);
@@ -126,18 +151,34 @@ std::size_t ByteClass::FindRunInBlocks(std::string_view text, std::size_t length
 
 #else
 
+ByteMask ByteClass::MembersMask(const char* block) const {
+  ByteMask mask = 0;
+  for (std::size_t k = 0; k < kMaskBlock; ++k) mask |= static_cast<ByteMask>(Has(block[k])) << k;
+  return mask;
+}
+
 template <int kRanges>
 std::size_t ByteClass::FindRunInBlocks(std::string_view, std::size_t) const {
   return 0;
 }
 
 std::size_t ByteClass::FindFar(std::string_view text, bool member) const {
-  for (std::size_t i = kBlock; i < text.size(); ++i)
+  for (std::size_t i = kLookedUp; i < text.size(); ++i)
     if (Has(text[i]) == member) return i;
   return text.size();
 }
 
 #endif
+
+std::size_t ByteClass::FindFirstAfterNot(const ByteClass& before, std::string_view text) const {
+  std::size_t i = 0;
+  for (; i + kMaskBlock < text.size(); i += kMaskBlock)
+    if (ByteMask hits = MembersMask(text.data() + i + 1) & ~before.MembersMask(text.data() + i))
+      return i + 1 + LowestBit(hits);
+  for (++i; i < text.size(); ++i)
+    if (Has(text[i]) && !before.Has(text[i - 1])) return i;
+  return text.size();
+}
 
 std::size_t ByteClass::FindRun(std::string_view text, std::size_t length) const {
   std::size_t i = 0;

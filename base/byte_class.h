@@ -2,7 +2,7 @@
 // go.
 //
 // A set of few ranges, or the complement of one, is compared 16 bytes at a time; any other goes byte by byte
-// through its table. Short scans are cheap either way: the first bytes are always looked up.
+// through its table.
 #pragma once
 
 #include <array>
@@ -29,6 +29,10 @@ class ByteClass {
   // The offset of the first `length` members in a row; `text.size()` without any. `length` is at least 1.
   std::size_t FindRun(std::string_view text, std::size_t length) const;
 
+  // The offset of the first member that follows a byte which is no member of `before`; the first byte of
+  // `text` only counts as such a byte. `text.size()` without any.
+  std::size_t FindFirstAfterNot(const ByteClass& before, std::string_view text) const;
+
   // How many bytes at the end of `text` are members, without a break.
   std::size_t CountTrailing(std::string_view text) const;
 
@@ -38,13 +42,14 @@ class ByteClass {
  private:
   static constexpr int kMaxRanges = 4;
   static constexpr std::size_t kBlock = 16;
+  static constexpr std::size_t kLookedUp = 2;  // bytes looked up before a block is compared
   using Splat = std::array<std::uint8_t, kBlock>;
 
   void MakeRanges();
 
   template <bool kMember>
   std::size_t Find(std::string_view text) const {
-    std::size_t n = text.size() < kBlock ? text.size() : kBlock;
+    std::size_t n = text.size() < kBlock ? text.size() : kLookedUp;
     for (std::size_t i = 0; i < n; ++i)
       if (Has(text[i]) == kMember) return i;
     return n == text.size() ? n : FindFar(text, kMember);
@@ -57,6 +62,9 @@ class ByteClass {
   std::size_t FindRunInBlocks(std::string_view text, std::size_t length) const;
   template <int kRanges>
   unsigned Hits(const char* block) const;
+  template <int kRanges>
+  std::size_t MaskOfRanges(const char* block) const;
+  std::size_t MembersMask(const char* block) const;
 
   std::array<bool, 256> table_{};
   int rangeCount_ = 0;         // 0 when the set is too ragged for ranges

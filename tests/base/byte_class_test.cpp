@@ -47,6 +47,9 @@ TEST(ByteClass, AgreesWithItsDefinitionAtEveryLengthAndAlignment) {
                                      [&](char c, bool) { return isMember(c); });
             ASSERT_EQ(wanted.FindRun(text, static_cast<std::size_t>(length)), index(run));
           }
+          std::size_t edge = 1;
+          while (edge < n && (!isMember(text[edge]) || text[edge - 1] == 'x')) ++edge;
+          ASSERT_EQ(wanted.FindFirstAfterNot(ByteClass(Members("x")), text), std::min(edge, n));
           auto trailing = std::find_if_not(text.rbegin(), text.rend(), isMember) - text.rbegin();
           ASSERT_EQ(wanted.CountTrailing(text), static_cast<std::size_t>(trailing));
         }
