@@ -23,4 +23,9 @@ constinit const FoldTable kFoldToUpper = MakeFoldTable(true);
 constinit const FoldTable kFoldNothing = MakeFoldTable(false);
 constinit const std::array<bool, 256> kWordChars = MakeWordTable();
 
+const ByteClass& WordClass() {
+  static const ByteClass words(kWordChars);
+  return words;
+}
+
 }  // namespace tarrow

@@ -4,6 +4,8 @@
 // whatever the text's character set, so that a pattern means the same in every file.
 #pragma once
 
+#include "base/byte_class.h"
+
 #include <array>
 #include <cstdint>
 
@@ -19,6 +21,9 @@ extern const FoldTable kFoldNothing;
 
 // Letters, digits and the underscore.
 extern const std::array<bool, 256> kWordChars;
+
+// The same as a class to scan for.
+const ByteClass& WordClass();
 
 inline bool IsWordChar(char c) {
   return kWordChars[static_cast<unsigned char>(c)];

@@ -69,7 +69,7 @@ class FileSearch::Lines {
   std::size_t NextCandidate(std::size_t at) {
     std::string_view rest = block_.substr(at);
     bool hasLiteral = plan_.skipBy == SkipBy::kFixedLiteral || plan_.skipBy == SkipBy::kReachedLiteral;
-    if (hasLiteral) {
+    if (hasLiteral && !plan_.orTextEnd) {
       std::size_t found = plan_.literal.Find(rest);
       return found == LiteralFinder::kNotFound ? block_.size() : at + found;
     }

@@ -66,13 +66,15 @@ bool LiteralFinder::IsAt(const char* text) const {
 
 std::size_t LiteralFinder::Find(std::string_view text) const {
   if (bytes_.empty() || text.size() < bytes_.size()) return kNotFound;
-  if (bytes_.size() > 1) return FindPairs(text, text.size() - bytes_.size() + 1);
+  std::size_t places = text.size() - bytes_.size() + 1;
+  if (bytes_.size() > 1) return foldCase_ ? FindPairs<true>(text, places) : FindPairs<false>(text, places);
   std::size_t at = first_.caseBit ? FindEitherByte(text, bytes_[0], static_cast<char>(first_.byte))
                                   : FindByte(text, bytes_[0]);
   return at < text.size() ? at : kNotFound;
 }
 
 // Tries the first `places` places of `text`.
+template <bool kFold>
 std::size_t LiteralFinder::FindPairs(std::string_view text, std::size_t places) const {
   const char* p = text.data();
   std::size_t i = 0;
@@ -80,11 +82,14 @@ std::size_t LiteralFinder::FindPairs(std::string_view text, std::size_t places) 
   auto splat = [](std::uint8_t c) { return _mm_set1_epi8(static_cast<char>(c)); };
   const __m128i byte1 = splat(first_.byte), bit1 = splat(first_.caseBit);
   const __m128i byte2 = splat(second_.byte), bit2 = splat(second_.caseBit);
+  auto hitsOf = [](const char* from, __m128i byte, __m128i bit) {
+    __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
+    return _mm_cmpeq_epi8(kFold ? _mm_or_si128(block, bit) : block, byte);
+  };
   auto hitsAt = [&](const char* at) {
-    auto load = [](const char* from) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(from)); };
-    __m128i hits1 = _mm_cmpeq_epi8(_mm_or_si128(load(at + first_.offset), bit1), byte1);
-    __m128i hits2 = _mm_cmpeq_epi8(_mm_or_si128(load(at + second_.offset), bit2), byte2);
-    return static_cast<unsigned>(_mm_movemask_epi8(_mm_and_si128(hits1, hits2)));
+    __m128i both =
+        _mm_and_si128(hitsOf(at + first_.offset, byte1, bit1), hitsOf(at + second_.offset, byte2, bit2));
+    return static_cast<unsigned>(_mm_movemask_epi8(both));
   };
   for (; i + 32 <= places; i += 32) {
     unsigned hits = hitsAt(p + i) | hitsAt(p + i + 16) << 16;

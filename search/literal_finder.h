@@ -44,6 +44,7 @@ class LiteralFinder {
   bool Hits(const Probe& probe, const char* text) const {
     return (static_cast<std::uint8_t>(text[probe.offset]) | probe.caseBit) == probe.byte;
   }
+  template <bool kFold>
   std::size_t FindPairs(std::string_view text, std::size_t places) const;
 
   std::string bytes_;

@@ -99,10 +99,11 @@ class Search {
   std::int32_t FindByReachedLiteral(std::int32_t from, std::int32_t end) {
     while (from < end) {
       std::int32_t literal = NextLiteral(from, size_);
-      std::int32_t start = literal < size_ ? text_.RunStart(plan_.reach, from, literal) : Beyond(end);
+      bool isThere = literal < size_ || plan_.orTextEnd;
+      std::int32_t start = isThere ? text_.RunStart(plan_.reach, from, literal) : Beyond(end);
       if (plan_.mayOverflow && HasLongRun(from, start)) return FindByFirst(from, end);
-      if (literal == size_) return kNoMatch;
-      std::int32_t stop = std::min(literal + 1, end);
+      if (!isThere) return kNoMatch;
+      std::int32_t stop = std::min(std::min(literal, size_ - 1) + 1, end);
       for (from = NextFirst(start, stop); from < stop; from = NextFirst(After(from), stop))
         if (std::int32_t found = Try(from); found != kNoMatch) return found;
       from = std::max(from, literal + 1);
@@ -137,6 +138,8 @@ class Search {
 
   std::int32_t NextFirst(std::int32_t from, std::int32_t to) {
     if (!plan_.hasFirst) return std::min(from, to);
+    if (plan_.atWordStart)
+      return InChunks(from, to, [&](auto a, auto b) { return text_.FindWordStart(plan_.first, a, b); });
     return InChunks(from, to, [&](auto a, auto b) { return text_.FindFirst(plan_.first, a, b); });
   }
 
@@ -166,6 +169,7 @@ class Search {
 
   std::int32_t Try(std::int32_t place) {
     ticker_.Tick();
+    if (plan_.atWordStart && place > 0 && IsWordChar(text_[place - 1])) return kNoMatch;
     std::int32_t length = matcher_.Run(place);
     if (length < 0) return length;
     if (registers_) matcher_.Report(place, *registers_);

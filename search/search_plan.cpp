@@ -8,10 +8,6 @@ namespace {
 
 constexpr int kMaxElements = 100;  // far below what would strain the failure stack by itself
 
-ByteClass ClassOfTable(const std::array<bool, 256>& members) {
-  return ByteClass(members);
-}
-
 ByteClass AllBytes() {
   std::array<bool, 256> members;
   members.fill(true);
@@ -40,6 +36,7 @@ class Planner {
     TakeElements();
     FinishFirst();
     ChooseSkip();
+    plan_.atWordStart = isAtWordStart_;
     return std::move(plan_);
   }
 
@@ -64,6 +61,7 @@ class Planner {
     std::int32_t offset = 0;
     ByteClass reach;
     bool mayOverflow = false;
+    bool orTextEnd = false;
   };
 
   void TakeElements() {
@@ -110,8 +108,7 @@ class Planner {
       case Step::kWordEnd:
         return TakeAnchor();
       case Step::kLineEnd:
-        mayStartEmpty_ |= !firstIsKnown_;
-        firstIsKnown_ = true;
+        TakeLineEnd();
         return TakeAnchor();
       case Step::kClass:
         TakeClass(step);
@@ -144,7 +141,14 @@ class Planner {
   void TakeWordStart() {
     if (hasPassed_) return;
     isAtWordStart_ = true;
-    if (!firstIsKnown_) mustBe_ = ClassOfTable(kWordChars);
+    if (!firstIsKnown_) mustBe_ = WordClass();
+  }
+
+  // Consumes nothing, but there is a CR, or nothing more.
+  void TakeLineEnd() {
+    mayStartEmpty_ |= !firstIsKnown_;
+    firstIsKnown_ = true;
+    Consider("\r", true);
   }
 
   void AddFirst(const ByteClass& bytes, bool isRequired) {
@@ -175,7 +179,7 @@ class Planner {
     const ByteClass& bytes = ClassAt(step);
     AddFirst(bytes, isRequired);
     bool isLead = !hasPassed_ && (!hasAnchor_ || isAtWordStart_) && !isAtLineStart_;
-    bool isInWord = (bytes & ClassOfTable(kWordChars)).Members() == bytes.Members();
+    bool isInWord = (bytes & WordClass()).Members() == bytes.Members();
     if (isLead && (isAtWordStart_ ? isInWord : !hasBackRef_)) {
       plan_.skipsLeadRun = true;
       plan_.leadRun = bytes;
@@ -224,11 +228,13 @@ class Planner {
   }
 
   // Keeps the literal if it is rarer than those before it. One at a fixed distance is worth more.
-  void Consider(const std::string& bytes) {
+  void Consider(const std::string& bytes, bool orTextEnd = false) {
     int length = static_cast<int>(bytes.size());
-    int cost = LiteralFinder::Commonness(bytes) - 12 * std::min(length - 1, 6) + (isFixed_ ? 0 : 8);
+    bool isFixed = isFixed_ && !orTextEnd;
+    int cost = LiteralFinder::Commonness(bytes) - 12 * std::min(length - 1, 6) + (isFixed ? 0 : 8);
     if (cost >= best_.cost) return;
-    best_ = {LiteralFinder(bytes, pattern_.foldCase), cost, isFixed_, offset_, passed_, mayOverflow_};
+    LiteralFinder finder(bytes, pattern_.foldCase);
+    best_ = {finder, cost, isFixed, offset_, passed_, mayOverflow_, orTextEnd};
   }
 
   void FinishFirst() {
@@ -256,6 +262,7 @@ class Planner {
     plan_.literalOffset = best_.offset;
     plan_.reach = best_.reach;
     plan_.mayOverflow = best_.mayOverflow;
+    plan_.orTextEnd = best_.orTextEnd;
   }
 
   const MatchProgram& program_;

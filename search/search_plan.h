@@ -31,10 +31,14 @@ struct SearchPlan {
   LiteralFinder literal;
   std::int32_t literalOffset = 0;
   ByteClass reach;
+  bool orTextEnd = false;  // the end of the text does in place of the literal
 
   // Whether the matcher might run out of room within a run of at least kLongRun bytes of `reach`.
   bool mayOverflow = false;
   static constexpr std::int32_t kLongRun = 3900;
+
+  // Whether a match begins at the start of a word.
+  bool atWordStart = false;
 
   // When set, a failure at a place in a run of `leadRun` bytes means failure up to and at the run's end.
   bool skipsLeadRun = false;
