@@ -52,6 +52,8 @@ bool MenuBars::Show(const CMDIFrameWnd& frame, MenuBar bar) {
   int list = bar == MenuBar::kEdit ? kEditWindowPopup : kNoDocumentToolsPopup;
   ::SendMessageW(frame.Client(), WM_MDISETMENU, reinterpret_cast<WPARAM>(Bar(bar)),
                  reinterpret_cast<LPARAM>(::GetSubMenu(Bar(bar), list)));
+  // Windows that were open before are listed in the new popup only when asked for.
+  ::SendMessageW(frame.Client(), WM_MDIREFRESHMENU, 0, 0);
   return true;
 }
 

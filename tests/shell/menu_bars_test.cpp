@@ -30,6 +30,10 @@ class BareFrame : public CMDIFrameWnd {
   bool made = false;
 };
 
+constexpr WindowClass kChildClass{L"TarrowTestBareChild"};
+
+class BareChild : public CMDIChildWnd {};
+
 std::vector<std::string> Texts(HMENU menu) {
   std::vector<std::string> texts;
   for (int i = 0; i < ::GetMenuItemCount(menu); ++i) {
@@ -51,6 +55,15 @@ TEST(MenuBars, ShowsOneBarAndThenTheOther) {
   frame.menus.EnableProject(frame, false);
   UINT state = ::GetMenuState(::GetMenu(frame.Handle()), kEditProjectPopup, MF_BYPOSITION);
   EXPECT_TRUE(state & MF_GRAYED);
+}
+
+TEST(MenuBars, ListsWindowsThatWereOpenBeforeTheBar) {
+  BareFrame frame;
+  ASSERT_TRUE(frame.made);
+  auto* child = new BareChild;  // belongs to its window
+  ASSERT_TRUE(child->CreateChild(frame, kChildClass, "first.c", WS_VISIBLE, false));
+  frame.menus.Show(frame, MenuBar::kEdit);
+  EXPECT_EQ("&1 first.c", Texts(::GetSubMenu(::GetMenu(frame.Handle()), kEditWindowPopup)).back());
 }
 
 TEST(MenuBars, ListsTheRecentFilesBeforeExitInBothBars) {
