@@ -66,7 +66,7 @@ std::string ValueText(std::string_view value) {
 
 bool IsWritableKey(std::string_view key) {
   return !key.empty() && Trim(key) == key && key[0] != ';' && key[0] != '[' &&
-         key.find_first_of("=\r\n") == std::string_view::npos;
+         key.find_first_of("=\n") == std::string_view::npos;
 }
 
 std::string FromUtf16(std::string_view bytes) {
@@ -84,13 +84,10 @@ std::string ToUtf16(std::string_view utf8) {
 
 IniText::IniText(std::string_view bytes) {
   if (bytes.starts_with(kUtf16Mark)) {
-    std::string text = FromUtf16(bytes.substr(kUtf16Mark.size()));
-    // Anything that would not come back the same is no UTF-16, whatever it begins with.
-    if (ToUtf16(text) == bytes.substr(kUtf16Mark.size())) {
-      encoding_ = Encoding::kUtf16;
-      Parse(text);
-      return;
-    }
+    encoding_ = Encoding::kUtf16;
+    if (bytes.size() % 2) halfUnit_ = bytes.back();
+    Parse(FromUtf16(bytes.substr(kUtf16Mark.size())));
+    return;
   }
   if (bytes.starts_with(kUtf8Mark)) {
     encoding_ = Encoding::kUtf8Mark;
@@ -154,7 +151,7 @@ std::string IniText::Bytes() const {
     for (const std::string& line : section.lines) put(line);
     put(section.blankLines);
   }
-  if (encoding_ == Encoding::kUtf16) return std::string(kUtf16Mark) + ToUtf16(text);
+  if (encoding_ == Encoding::kUtf16) return std::string(kUtf16Mark) + ToUtf16(text) + halfUnit_;
   return encoding_ == Encoding::kUtf8Mark ? std::string(kUtf8Mark) + text : text;
 }
 

@@ -65,6 +65,7 @@ class IniText {
   static void EraseLines(Section& section, Predicate isUnwanted);
 
   Encoding encoding_ = Encoding::kBytes;
+  std::string halfUnit_;  // the byte that is left over at the end of UTF-16
   std::string lineEnd_ = "\r\n";
   std::vector<Section> sections_;
   std::unordered_map<std::string, std::size_t> byName_;  // the first section of each name

@@ -110,7 +110,10 @@ TEST(IniText, Utf16AndMarksComeBack) {
   EXPECT_EQ(marked.Value("S", "k"), "1");
   EXPECT_EQ(marked.Bytes(), "\xEF\xBB\xBF[S]\nk=1\n");
 
-  EXPECT_EQ(IniText("\xFF\xFEodd"s).Bytes(), "\xFF\xFEodd"s);
+  IniText odd("\xFF\xFEodd"s);
+  EXPECT_EQ(odd.Bytes(), "\xFF\xFEodd"s);
+  odd.SetValue("S", "k", "v");
+  EXPECT_EQ(IniText(odd.Bytes()).Value("S", "k"), "v");
 }
 
 TEST(IniText, AnyBytesComeBack) {
