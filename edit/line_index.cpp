@@ -21,6 +21,16 @@ void ForEachStart(int before, std::string_view text, int after, Found found) {
   if (after == '\n' && last == '\r') found(text.size() + 1);
 }
 
+// How many of `starts` are not behind `at`. Looks from the front in growing steps: what is asked for is most
+// often near the gap.
+std::size_t CountUpTo(std::span<const BytePos> starts, BytePos at) {
+  std::size_t step = 1;
+  while (step < starts.size() && starts[step] <= at) step *= 2;
+  auto from = starts.begin() + static_cast<std::ptrdiff_t>(step / 2);
+  auto to = starts.begin() + static_cast<std::ptrdiff_t>(std::min(step, starts.size()));
+  return static_cast<std::size_t>(std::upper_bound(from, to, at) - starts.begin());
+}
+
 }  // namespace
 
 BytePos LineIndex::Start(LineNo line) const {
@@ -34,8 +44,7 @@ std::size_t LineIndex::FirstBehind(BytePos at) const {
   auto head = starts_.Head(), tail = starts_.Tail();
   if (!head.empty() && at < head.back())
     return static_cast<std::size_t>(std::upper_bound(head.begin(), head.end(), at) - head.begin());
-  auto inTail = std::upper_bound(tail.begin(), tail.end(), at - size_) - tail.begin();
-  return head.size() + static_cast<std::size_t>(inTail);
+  return head.size() + CountUpTo(tail, at - size_);
 }
 
 LineNo LineIndex::LineOf(BytePos at) const {
