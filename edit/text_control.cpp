@@ -25,6 +25,22 @@ void RegisterOnce(WNDPROC procedure) {
   ::RegisterClassExA(&wc);
 }
 
+// No caret in the window until the end of the scope; a null window has none anyway.
+class HiddenCaret {
+ public:
+  explicit HiddenCaret(HWND window) : window_(window) {
+    if (window_) ::HideCaret(window_);
+  }
+  ~HiddenCaret() {
+    if (window_) ::ShowCaret(window_);
+  }
+  HiddenCaret(const HiddenCaret&) = delete;
+  HiddenCaret& operator=(const HiddenCaret&) = delete;
+
+ private:
+  HWND window_;
+};
+
 }  // namespace
 
 constinit const MessageMap TextControl::kMessageMap = MessageMap::Make<
@@ -93,6 +109,8 @@ TextRange TextControl::Selection() const {
 }
 
 // The core of every change: `action` changes the text within `range` and returns what to select afterwards.
+// A change within one line, as every key makes, is drawn at once: going through the update region and
+// WM_PAINT costs several times as much as drawing the line.
 template <typename Action>
 bool TextControl::Change(TextRange range, Action action) {
   LineNo line = buffer_.LineOf(range.start), last = buffer_.LineOf(range.end), count = buffer_.LineCount();
@@ -105,17 +123,29 @@ bool TextControl::Change(TextRange range, Action action) {
   }
   // Joining or parting a CR and an LF moves the boundary of the line before.
   line = std::min(line, buffer_.LineOf(range.start));
-  if (buffer_.LineCount() == count)
-    InvalidateLines(line, last);
-  else
+  bool isOneLine = buffer_.LineCount() == count && line == last && selected.Empty();
+  if (buffer_.LineCount() != count)
     InvalidateFrom(line);
+  else if (!isOneLine)
+    InvalidateLines(line, last);
   if (!selected.Empty()) InvalidateFrom(std::min(line, buffer_.LineOf(selected.start)));
   anchor_ = caret_ = std::min(select.start, buffer_.End());
   modified_ = true;
   Notify(EN_UPDATE);
-  Select(select);
+  {
+    HiddenCaret hidden(hasFocus_ ? Handle() : nullptr);
+    Select(select);
+    if (isOneLine) PaintNow(line);
+  }
   Notify(EN_CHANGE);
   return true;
+}
+
+// The style tells others what is set, as that of the platform's control does.
+void TextControl::SetReadOnly(bool readOnly) {
+  readOnly_ = readOnly;
+  LONG style = ::GetWindowLongW(Handle(), GWL_STYLE);
+  ::SetWindowLongW(Handle(), GWL_STYLE, readOnly ? style | ES_READONLY : style & ~ES_READONLY);
 }
 
 // What of `text` the limit leaves room for in place of `range`.

@@ -89,7 +89,7 @@ class TextControl final : public CWnd {
   bool IsModified() const { return modified_; }
   void SetModified(bool modified) { modified_ = modified; }
   bool IsReadOnly() const { return readOnly_; }
-  void SetReadOnly(bool readOnly) { readOnly_ = readOnly; }
+  void SetReadOnly(bool readOnly);
 
   // The clipboard. Cutting and pasting do nothing in a read-only control. False when nothing was done.
   bool Copy();
@@ -219,6 +219,7 @@ class TextControl final : public CWnd {
   void OnPaint();
   bool OnEraseBackground(HDC) { return true; }
   void OnSysColorChange() { Invalidate(); }
+  void PaintNow(LineNo line);
   void PaintLine(HDC dc, LineNo line, const RECT& row);
   void InvalidateLines(LineNo first, LineNo last) const;
   void InvalidateFrom(LineNo first) const;

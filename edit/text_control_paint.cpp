@@ -67,6 +67,16 @@ void TextControl::OnPaint() {
   if (widest_ != widest) UpdateScrollBars();
 }
 
+void TextControl::PaintNow(LineNo line) {
+  RECT client = ClientRect();
+  Pixels y = (Pixels{line.value} - top_.value) * font_->LineHeight();
+  if (y < 0 || y >= client.bottom) return;
+  ClientDc dc(Handle());
+  SelectedObject font(dc, font_->Font());
+  auto top = static_cast<LONG>(y);
+  PaintLine(dc, line, {client.left, top, client.right, top + font_->LineHeight()});
+}
+
 void TextControl::PaintLine(HDC dc, LineNo line, const RECT& row) {
   TextView view = View();
   LineLayout layout = LayoutOf(view, line);
