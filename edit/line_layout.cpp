@@ -35,6 +35,17 @@ bool IsIn(const CodeRange (&ranges)[N], char32_t code) {
 // Long enough that scanning pays, short enough that nothing is scanned for a window's width in vain.
 constexpr std::size_t kScanBlock = 512;
 
+constexpr std::int32_t kLongestCharacter = 4;
+
+// From this length on, in bytes, a line is worth checkpoints.
+constexpr std::int32_t kLongLine = 16384;
+
+// No more characters than this are drawn of a line: marks without end take no room.
+constexpr std::size_t kMostDrawn = 32768;
+
+// As many units as one call may draw.
+constexpr std::size_t kLongestPiece = 4096;
+
 }  // namespace
 
 char32_t DisplayedCode(char32_t code) {
@@ -52,6 +63,39 @@ bool IsRightToLeft(char32_t code) {
 Pixels TabStops::After(Pixels x) const {
   auto found = std::upper_bound(stops.begin(), stops.end(), x);
   return found != stops.end() ? *found : (x / every + 1) * every;
+}
+
+void LayoutCheckpoints::Enter(BytePos line) {
+  if (line == line_) return;
+  line_ = line;
+  places_.clear();
+}
+
+void LayoutCheckpoints::Truncate(BytePos at) {
+  // New bytes may join the ones before them to another character.
+  while (!places_.empty() && places_.back().at + kLongestCharacter > at) places_.pop_back();
+}
+
+LayoutCheckpoints::Place LayoutCheckpoints::Before(BytePos until, Pixels x) const {
+  auto found = std::partition_point(places_.begin(), places_.end(),
+                                    [&](const Place& place) { return place.at <= until && place.x <= x; });
+  return found == places_.begin() ? Place{line_, 0} : *std::prev(found);
+}
+
+void LayoutCheckpoints::Pass(Place place) {
+  BytePos last = places_.empty() ? line_ : places_.back().at;
+  if (place.at - last >= kDistance) places_.push_back(place);
+}
+
+LineLayout::LineLayout(const TextView& text, TextRange line, const Charset& charset, const CharWidths& widths,
+                       const TabStops& tabs, LayoutCheckpoints* checkpoints)
+    : text_(text),
+      line_(line),
+      charset_(charset),
+      widths_(widths),
+      tabs_(tabs),
+      checkpoints_(line.Length() >= kLongLine ? checkpoints : nullptr) {
+  if (checkpoints_) checkpoints_->Enter(line.start);
 }
 
 // How many bytes from `at` on are ASCII and no tab, looking no further than a block.
@@ -72,13 +116,14 @@ LineLayout::Spot LineLayout::SpotAt(BytePos at, Pixels x) const {
   return {at, x, c, IsCombining(c.code) ? 0 : widths_.WidthOf(DisplayedCode(c.code))};
 }
 
-// Goes from the start of the line to `until` or to the character that covers `x`, whichever comes first. Runs
-// of plain characters are passed without looking at each.
+// Goes from the start of the line, or a checkpoint, to `until` or to the character that covers `x`, whichever
+// comes first. Runs of plain characters are passed without looking at each.
 LineLayout::Spot LineLayout::Walk(BytePos until, Pixels x) const {
   int common = widths_.CommonWidth();
-  BytePos at = line_.start;
-  Pixels reached = 0;
+  auto [at, reached] =
+      checkpoints_ ? checkpoints_->Before(until, x) : LayoutCheckpoints::Place{line_.start, 0};
   for (;;) {
+    if (checkpoints_) checkpoints_->Pass({at, reached});
     if (common && at < until) {
       Pixels most = (x - reached) / common;
       auto passed = std::min<Pixels>(PlainRun(at, until), std::max<Pixels>(most, 0));
@@ -101,13 +146,15 @@ std::vector<LinePiece> LineLayout::Pieces(Pixels left, Pixels right, const std::
   std::vector<LinePiece> pieces;
   auto cut = cuts.begin();
   bool isAlone = true;  // whether the piece so far takes no further character
-  for (Spot spot = Covering(left); spot.character.length && spot.x < right;
+  std::size_t drawn = 0;
+  for (Spot spot = Covering(left); spot.character.length && spot.x < right && drawn++ < kMostDrawn;
        spot = SpotAt(spot.at + spot.character.length, spot.x + spot.width)) {
     char32_t code = spot.character.code;
     bool isTab = code == U'\t', isBackwards = IsRightToLeft(code);
     while (cut != cuts.end() && *cut < spot.at) ++cut;
     bool isCut = cut != cuts.end() && *cut == spot.at;
-    if (pieces.empty() || isCut || isTab || ((isAlone || isBackwards) && !IsCombining(code)))
+    bool isFull = !pieces.empty() && pieces.back().text.size() >= kLongestPiece;
+    if (pieces.empty() || isCut || isTab || isFull || ((isAlone || isBackwards) && !IsCombining(code)))
       pieces.push_back({{spot.at, spot.at}, spot.x, 0, {}, {}});
     isAlone = isTab || isBackwards;
     LinePiece& piece = pieces.back();

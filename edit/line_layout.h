@@ -47,6 +47,35 @@ struct LinePiece {
   std::vector<int> advances;
 };
 
+// Places on the way through a very long line, so that not every question walks from its start: text in one
+// line may be as long as any. They belong to one line at a time; whoever changes the text says from where on.
+class LayoutCheckpoints {
+ public:
+  struct Place {
+    BytePos at;
+    Pixels x = 0;
+  };
+
+  // The places are to be those of the line that starts at `line`; those of another are dropped.
+  void Enter(BytePos line);
+
+  // The text has changed from `at` on.
+  void Truncate(BytePos at);
+  void Clear() { places_.clear(); }
+
+  // The last place at or before `until` and `x`; the start of the line when there is none.
+  Place Before(BytePos until, Pixels x) const;
+
+  // Offers a place on the way; it is kept when it lies far enough behind the last one.
+  void Pass(Place place);
+
+ private:
+  static constexpr std::int32_t kDistance = 4096;  // bytes
+
+  BytePos line_;
+  std::vector<Place> places_;
+};
+
 // One line, for as long as its text, its widths and its tab stops stay unchanged.
 class LineLayout {
  public:
@@ -57,9 +86,9 @@ class LineLayout {
     int width = 0;
   };
 
+  // `checkpoints`, when given, are used and added to where the line is long.
   LineLayout(const TextView& text, TextRange line, const Charset& charset, const CharWidths& widths,
-             const TabStops& tabs)
-      : text_(text), line_(line), charset_(charset), widths_(widths), tabs_(tabs) {}
+             const TabStops& tabs, LayoutCheckpoints* checkpoints = nullptr);
 
   // Where the character at `at` begins; `at` may be the end of the line.
   Pixels XOf(BytePos at) const { return Walk(at, kFarRight).x; }
@@ -86,6 +115,7 @@ class LineLayout {
   const Charset& charset_;
   const CharWidths& widths_;
   const TabStops& tabs_;
+  LayoutCheckpoints* checkpoints_;
 };
 
 // What is drawn for a character: itself, but a dot for a control character.

@@ -96,6 +96,7 @@ void TextControl::Adopt(TextBuffer&& text) {
   anchor_ = caret_ = BytePos(0);
   top_ = LineNo(0);
   left_ = widest_ = 0;
+  checkpoints_.Clear();
   modified_ = false;
   column_.reset();
   selectionBeforeList_.reset();
@@ -121,6 +122,7 @@ bool TextControl::Change(TextRange range, Action action) {
     Notify(EN_ERRSPACE);
     return false;
   }
+  checkpoints_.Truncate(range.start);
   // Joining or parting a CR and an LF moves the boundary of the line before.
   line = std::min(line, buffer_.LineOf(range.start));
   bool isOneLine = buffer_.LineCount() == count && line == last && selected.Empty();
@@ -247,6 +249,7 @@ void TextControl::SetFont(HFONT font) {
   tabs_.every = tabs_.stops.empty() ? 8 * font_->AverageWidth() : static_cast<int>(tabs_.stops.back());
   if (tabs_.stops.size() == 1) tabs_.stops.clear();
   widest_ = 0;
+  checkpoints_.Clear();
   column_.reset();
   Invalidate();
   UpdateScrollBars();

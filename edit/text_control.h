@@ -238,6 +238,7 @@ class TextControl final : public CWnd {
   std::unique_ptr<FontWidths> font_;
   std::vector<int> tabUnits_;  // dialog units; empty: every eight columns
   TabStops tabs_;
+  mutable LayoutCheckpoints checkpoints_;
   LineNo top_;
   Pixels left_ = 0;
   Pixels widest_ = 0;  // of the lines seen so far: what the horizontal bar spans

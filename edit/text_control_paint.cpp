@@ -22,7 +22,7 @@ void UseColours(HDC dc, bool selected) {
 }  // namespace
 
 LineLayout TextControl::LayoutOf(const TextView& view, LineNo line) const {
-  return {view, buffer_.LineRange(line), charset_, *font_, tabs_};
+  return {view, buffer_.LineRange(line), charset_, *font_, tabs_, &checkpoints_};
 }
 
 Pixels TextControl::XOf(BytePos at) const {

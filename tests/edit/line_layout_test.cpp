@@ -10,10 +10,13 @@ class FakeWidths final : public CharWidths {
  public:
   explicit FakeWidths(bool isFixed) : isFixed_(isFixed) {}
   int WidthOf(char32_t code) const override {
+    ++asked;
     if (code >= 128 && code != DisplayedCode(1)) return 12;
     return isFixed_ ? 7 : 3 + static_cast<int>(code % 5);
   }
   int CommonWidth() const override { return isFixed_ ? 7 : 0; }
+
+  mutable int asked = 0;
 
  private:
   bool isFixed_;
@@ -118,6 +121,52 @@ TEST(LineLayout, ACharacterOfTwoUnitsAdvancesOnce) {
   LinePiece piece = f.Layout().Pieces(0, 100, {})[0];
   EXPECT_EQ(piece.text.size(), 3u);
   EXPECT_EQ(piece.advances, (std::vector<int>{12, 0, 7}));
+}
+
+// In a line of a megabyte the second question starts near its answer, until the text before it changes.
+TEST(LineLayout, CheckpointsShortenTheWayThroughALongLine) {
+  Fixture f(std::string(1'000'000, 'a') + "\tz", false);
+  LayoutCheckpoints checkpoints;
+  LineLayout layout(f.view, Range(0, f.view.Size()), f.charset, f.widths, kTabs, &checkpoints);
+  Pixels width = layout.Width();
+  f.widths.asked = 0;
+  EXPECT_EQ(layout.Width(), width);
+  EXPECT_EQ(layout.XOf(BytePos(500'000)), 500'000 * (width - layout.XOf(BytePos(1'000'001))));
+  EXPECT_EQ(layout.Nearest(width), f.view.End());
+  EXPECT_LT(f.widths.asked, 25'000);
+}
+
+TEST(LineLayout, CheckpointsChangeNoAnswer) {
+  std::mt19937 random(4);
+  LayoutCheckpoints checkpoints;
+  Fixture f(std::string(60'000, 'a'));
+  for (int round = 0; round < 60; ++round) {
+    auto at = random() % f.text.size();
+    f.text.replace(at, random() % 3, "b\t\xC3\xA9" + std::string(random() % 3, 'c'));
+    f.view = TextView(f.text);
+    checkpoints.Truncate(BytePos(static_cast<std::int64_t>(at)));
+    LineLayout plain = f.Layout();
+    LineLayout quick(f.view, Range(0, f.view.Size()), f.charset, f.widths, kTabs, &checkpoints);
+    for (int question = 0; question < 8; ++question) {
+      BytePos place = f.charset.Snap(f.view, BytePos(static_cast<std::int64_t>(random() % f.text.size())));
+      Pixels x = plain.XOf(place);
+      ASSERT_EQ(quick.XOf(place), x);
+      ASSERT_EQ(quick.Nearest(x), plain.Nearest(x));
+      ASSERT_EQ(quick.Covering(x + 3).at, plain.Covering(x + 3).at);
+    }
+  }
+}
+
+TEST(LineLayout, MarksWithoutEndAreNotDrawnWithoutEnd) {
+  std::string marks = "e";
+  for (int i = 0; i < 100'000; ++i) marks += "\xCC\x81";
+  Fixture f(marks);
+  std::size_t units = 0;
+  for (const LinePiece& piece : f.Layout().Pieces(0, 100, {})) {
+    EXPECT_LE(piece.text.size(), 8192u);
+    units += piece.text.size();
+  }
+  EXPECT_LT(units, 100'000u);
 }
 
 }  // namespace
