@@ -99,11 +99,12 @@ std::optional<std::string> RunPickFileDialog(HWND owner, std::string_view title,
   return paths.front();
 }
 
-std::optional<SaveChoice> RunSaveAsDialog(HWND owner, std::string_view filter, std::string_view name,
-                                          FileFormat format) {
+std::optional<SaveChoice> RunSaveAsDialog(HWND owner, std::string_view name, FileFormat format) {
   auto dialog = CreateComObject<IFileSaveDialog>(CLSID_FileSaveDialog);
   if (!dialog) return {};
-  Prepare(*dialog, filter, FOS_OVERWRITEPROMPT | FOS_PATHMUSTEXIST, FOS_NOREADONLYRETURN);
+  // With any other file type the dialog would add the type's extension to a name that is meant to have none.
+  Prepare(*dialog, LoadText(kTextAllFilesFilter), FOS_OVERWRITEPROMPT | FOS_PATHMUSTEXIST,
+          FOS_NOREADONLYRETURN);
   dialog->SetFileName(ToWide(name).c_str());
   auto controls = QueryInterfaceOf<IFileDialogCustomize>(*dialog);
   if (controls) {

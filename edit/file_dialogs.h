@@ -35,7 +35,6 @@ struct SaveChoice {
 
 // A name for a text, beginning with `name`, and its format on the disk. Asks before an existing file is
 // chosen.
-[[nodiscard]] std::optional<SaveChoice> RunSaveAsDialog(HWND owner, std::string_view filter,
-                                                        std::string_view name, FileFormat format);
+[[nodiscard]] std::optional<SaveChoice> RunSaveAsDialog(HWND owner, std::string_view name, FileFormat format);
 
 }  // namespace tarrow

@@ -88,7 +88,7 @@ bool CTwFileEdit::Save() {
 
 bool CTwFileEdit::SaveAs() {
   std::string name(FileNamePart(Path()));
-  std::optional<SaveChoice> choice = RunSaveAsDialog(Frame().Handle(), Program().FileFilter(), name, format_);
+  std::optional<SaveChoice> choice = RunSaveAsDialog(Frame().Handle(), name, format_);
   if (!choice) {
     Program().DirectoryChanged();
     return false;

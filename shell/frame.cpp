@@ -13,8 +13,9 @@ namespace tarrow {
 namespace {
 
 // Byte-aligned drawing of the client area is what the frame has always asked for; today's systems ignore it.
-constexpr WindowClass kFrameClass{L"TarrowFrame", CS_DBLCLKS | CS_BYTEALIGNCLIENT, 32512, nullptr,
-                                  IDI_TARROW};
+// The brush shows where the client window is hidden.
+const WindowClass kFrameClass{L"TarrowFrame", CS_DBLCLKS | CS_BYTEALIGNCLIENT, 32512,
+                              reinterpret_cast<HBRUSH>(COLOR_APPWORKSPACE + 1), IDI_TARROW};
 
 }  // namespace
 
