@@ -30,6 +30,7 @@ void CTwFrame::CreateStatusBar() {
   if (!statusBar_.CreateBar(Handle())) return;
   statusBar_.SetAutoSave(Settings().Has(kSaveWithoutAsking));
   statusBar_.SwitchClock(!Settings().Has(kNoClock));
+  PublishActive();
 }
 
 void CTwFrame::LoadKeyBindings() {
