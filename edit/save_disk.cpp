@@ -38,16 +38,19 @@ bool IsDevice(const std::string& path) {
   return length > 0 && length < kMaxPath && std::wstring_view(full).starts_with(L"\\\\.\\");
 }
 
-// Whether a file has another name, or the name is a link to it.
-bool IsShared(const std::string& path, DWORD attributes) {
-  if (attributes & FILE_ATTRIBUTE_REPARSE_POINT) return true;
+// What the existing name `target.path` stands for, as far as its handle tells.
+void Examine(SaveDisk::Target& target) {
   HANDLE handle =
-      CreateFileW(CheckedWidePath(path).c_str(), FILE_READ_ATTRIBUTES,
+      CreateFileW(CheckedWidePath(target.path).c_str(), FILE_READ_ATTRIBUTES,
                   FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING, 0, nullptr);
-  if (handle == INVALID_HANDLE_VALUE) return true;
+  target.inPlace = true;  // unless it is known to have no other name
+  if (handle == INVALID_HANDLE_VALUE) return;
   KernelHandle file(handle);
   BY_HANDLE_FILE_INFORMATION information;
-  return !GetFileInformationByHandle(handle, &information) || information.nNumberOfLinks != 1;
+  if (GetFileType(handle) != FILE_TYPE_DISK)
+    target.kind = SaveDisk::Kind::kDevice;
+  else if (GetFileInformationByHandle(handle, &information))
+    target.inPlace = information.nNumberOfLinks != 1;
 }
 
 }  // namespace
@@ -56,16 +59,18 @@ WindowsSaveDisk::WindowsSaveDisk() : mayReplace_(!IsWine()) {}
 
 SaveDisk::Target WindowsSaveDisk::Resolve(const std::string& path) {
   if (IsDevice(path)) return {path, Kind::kDevice};
-  std::string full = TrueCase(FullPath(path));
-  DWORD attributes = GetFileAttributesW(CheckedWidePath(full).c_str());
-  if (attributes == INVALID_FILE_ATTRIBUTES) {
-    DWORD error = GetLastError();
-    if (error == ERROR_FILE_NOT_FOUND) return {full, Kind::kNothing};
-    throw CFileException(FileCauseFromWindows(error), path);
-  }
+  Target target{TrueCase(FullPath(path)), Kind::kFile};
+  DWORD attributes = GetFileAttributesW(CheckedWidePath(target.path).c_str());
+  DWORD error = GetLastError();
+  if (attributes == INVALID_FILE_ATTRIBUTES && error == ERROR_FILE_NOT_FOUND)
+    return {target.path, Kind::kNothing};
+  Examine(target);
+  if (target.kind == Kind::kDevice) return target;
+  if (attributes == INVALID_FILE_ATTRIBUTES) throw CFileException(FileCauseFromWindows(error), path);
   if (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY))
     throw CFileException(FileCause::kAccessDenied, path);
-  return {full, Kind::kFile, !mayReplace_ || IsShared(full, attributes)};
+  if (!mayReplace_ || (attributes & FILE_ATTRIBUTE_REPARSE_POINT)) target.inPlace = true;
+  return target;
 }
 
 std::string WindowsSaveDisk::MakeTemporary(const std::string& path) {

@@ -118,6 +118,16 @@ TEST_P(SaveDiskTest, DeviceTakesTheText) {
   EXPECT_EQ(FileCount(), 0u);
 }
 
+TEST_P(SaveDiskTest, DeviceThatIsAlwaysFull) {
+  const char* full = "z:\\dev\\full";  // there is one under Wine
+  try {
+    CFile(full, CFile::Mode::kUpdate, CFile::Share::kReadWrite).Close();
+  } catch (const CFileException&) {
+    GTEST_SKIP() << "no such device";
+  }
+  EXPECT_EQ(CauseOfSaving(full), FileCause::kDiskFull);
+}
+
 TEST_P(SaveDiskTest, NameOutsideTheCodePageAndLargeText) {
   std::string path = scratch / "\xE6\x96\x87 \xD0\xA9.txt";
   std::string large(3'000'000, 'x');
