@@ -38,6 +38,23 @@ bool IsDevice(const std::string& path) {
   return length > 0 && length < kMaxPath && std::wstring_view(full).starts_with(L"\\\\.\\");
 }
 
+// Lets the system put `from` in the place of `to`.
+void Exchange(const std::string& from, const std::string& to, const std::string& backup) {
+  std::wstring wideFrom = CheckedWidePath(from), wideTo = CheckedWidePath(to);
+  std::wstring wideBackup = backup.empty() ? std::wstring() : CheckedWidePath(backup);
+  const wchar_t* backupName = backup.empty() ? nullptr : wideBackup.c_str();
+  RetryWhileBusy(to, [&] {
+    if (ReplaceFileW(wideTo.c_str(), wideFrom.c_str(), backupName, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr,
+                     nullptr))
+      return true;
+    DWORD error = GetLastError();
+    // The old file has become the backup, and the new one has not taken its place.
+    if (error == ERROR_UNABLE_TO_MOVE_REPLACEMENT_2 && backupName) MoveFileExW(backupName, wideTo.c_str(), 0);
+    SetLastError(error);
+    return false;
+  });
+}
+
 // What the existing name `target.path` stands for, as far as its handle tells.
 void Examine(SaveDisk::Target& target) {
   HANDLE handle =
@@ -55,7 +72,13 @@ void Examine(SaveDisk::Target& target) {
 
 }  // namespace
 
-WindowsSaveDisk::WindowsSaveDisk() : mayReplace_(!IsWine()) {}
+WindowsSaveDisk::Way WindowsSaveDisk::ForTexts() {
+  return IsWine() ? Way::kOverwrite : Way::kReplace;
+}
+
+WindowsSaveDisk::Way WindowsSaveDisk::ForSettings() {
+  return IsWine() ? Way::kMove : Way::kReplace;
+}
 
 SaveDisk::Target WindowsSaveDisk::Resolve(const std::string& path) {
   if (IsDevice(path)) return {path, Kind::kDevice};
@@ -69,7 +92,7 @@ SaveDisk::Target WindowsSaveDisk::Resolve(const std::string& path) {
   if (attributes == INVALID_FILE_ATTRIBUTES) throw CFileException(FileCauseFromWindows(error), path);
   if (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY))
     throw CFileException(FileCause::kAccessDenied, path);
-  if (!mayReplace_ || (attributes & FILE_ATTRIBUTE_REPARSE_POINT)) target.inPlace = true;
+  if (way_ == Way::kOverwrite || (attributes & FILE_ATTRIBUTE_REPARSE_POINT)) target.inPlace = true;
   return target;
 }
 
@@ -90,22 +113,22 @@ std::unique_ptr<DiskFile> WindowsSaveDisk::Open(const std::string& path, Access 
 }
 
 void WindowsSaveDisk::Replace(const std::string& from, const std::string& to, const std::string& backup) {
-  std::wstring wideFrom = CheckedWidePath(from), wideTo = CheckedWidePath(to);
-  std::wstring wideBackup = backup.empty() ? std::wstring() : CheckedWidePath(backup);
-  const wchar_t* backupName = backup.empty() ? nullptr : wideBackup.c_str();
+  std::wstring wideTo = CheckedWidePath(to);
   DWORD attributes = GetFileAttributesW(wideTo.c_str());
-  RetryWhileBusy(to, [&] {
-    if (ReplaceFileW(wideTo.c_str(), wideFrom.c_str(), backupName, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr,
-                     nullptr))
-      return true;
-    DWORD error = GetLastError();
-    // The old file has become the backup, and the new one has not taken its place.
-    if (error == ERROR_UNABLE_TO_MOVE_REPLACEMENT_2 && backupName) MoveFileExW(backupName, wideTo.c_str(), 0);
-    SetLastError(error);
-    return false;
-  });
-  // Wine gives the file the attributes of its replacement.
+  way_ == Way::kMove ? MoveOver(from, to, backup) : Exchange(from, to, backup);
+  // A moved file has attributes of its own, and under Wine an exchanged one too.
   if (GetFileAttributesW(wideTo.c_str()) != attributes) SetFileAttributesW(wideTo.c_str(), attributes);
+}
+
+void WindowsSaveDisk::MoveOver(const std::string& from, const std::string& to, const std::string& backup) {
+  if (backup.empty()) return Move(from, to);
+  Move(to, backup);
+  try {
+    Move(from, to);
+  } catch (const CFileException&) {
+    Move(backup, to);
+    throw;
+  }
 }
 
 void WindowsSaveDisk::Move(const std::string& from, const std::string& to) {

@@ -7,10 +7,21 @@ namespace tarrow {
 
 class WindowsSaveDisk final : public SaveDisk {
  public:
-  // Under Wine a file is never replaced: it would lose its Unix mode, and a symbolic link its being one,
-  // neither of which a program can see there. `mayReplace` lets a test have it done all the same.
-  WindowsSaveDisk();
-  explicit WindowsSaveDisk(bool mayReplace) : mayReplace_(mayReplace) {}
+  // How a file comes by its new bytes.
+  enum class Way {
+    kReplace,    // the system exchanges the files, keeping what belongs to the old one
+    kMove,       // the new file is moved over the old one
+    kOverwrite,  // it stays the same file
+  };
+
+  // For the files of the user. Under Wine they are overwritten: replaced, a file would lose its Unix mode,
+  // and a symbolic link its being one, neither of which a program can see there.
+  [[nodiscard]] static Way ForTexts();
+
+  // For the files of the program, of which nobody must ever find half: under Wine only a move is one step.
+  [[nodiscard]] static Way ForSettings();
+
+  explicit WindowsSaveDisk(Way way = ForTexts()) : way_(way) {}
 
   Target Resolve(const std::string& path) override;
   std::string MakeTemporary(const std::string& path) override;
@@ -21,7 +32,9 @@ class WindowsSaveDisk final : public SaveDisk {
   void Remove(const std::string& path) override;
 
  private:
-  bool mayReplace_;
+  void MoveOver(const std::string& from, const std::string& to, const std::string& backup);
+
+  Way way_;
 };
 
 }  // namespace tarrow

@@ -26,7 +26,7 @@ std::optional<std::string> WindowsSettingsDisk::Read(const std::string& path) {
 void WindowsSettingsDisk::Write(const std::string& path, const std::string& bytes) {
   std::string directory(WithoutTrailingSeparators(DirectoryPart(path)));
   if (!directory.empty() && !FileExists(directory)) MakeDirectory(directory);
-  WindowsSaveDisk disk;
+  WindowsSaveDisk disk(WindowsSaveDisk::ForSettings());
   SafeSave(disk, path, {}, [&](ByteSink& out) { out.Write(bytes); });
 }
 

@@ -1,4 +1,4 @@
-// Saving on the real disk, with files replaced and with files overwritten.
+// Saving on the real disk, in each of the ways in which a file can come by its new bytes.
 #include "edit/save_disk.h"
 
 #include "base/path_text.h"
@@ -12,7 +12,7 @@
 namespace tarrow {
 namespace {
 
-class SaveDiskTest : public testing::TestWithParam<bool> {
+class SaveDiskTest : public testing::TestWithParam<WindowsSaveDisk::Way> {
  protected:
   void Save(const std::string& path, std::string_view text, bool backup = false) {
     WindowsSaveDisk disk(GetParam());
@@ -138,7 +138,9 @@ TEST_P(SaveDiskTest, NameOutsideTheCodePageAndLargeText) {
   EXPECT_EQ(ReadWholeFile(path), "small again");
 }
 
-INSTANTIATE_TEST_SUITE_P(ReplacedOrNot, SaveDiskTest, testing::Bool());
+INSTANTIATE_TEST_SUITE_P(EveryWay, SaveDiskTest,
+                         testing::Values(WindowsSaveDisk::Way::kReplace, WindowsSaveDisk::Way::kMove,
+                                         WindowsSaveDisk::Way::kOverwrite));
 
 }  // namespace
 }  // namespace tarrow
