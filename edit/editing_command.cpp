@@ -52,6 +52,7 @@ EditOutcome DeleteSelection(const Context& c) {
 constexpr EditingCommand kCommands[] = {
     // command, needs a selection, changes the text
     {kEditUndo, false, true},
+    {kEditRepeat, false, false},
     {kEditCut, true, true},
     {kEditCopy, true, false},
     {kEditCutAppend, true, true, DeleteSelection},
@@ -71,6 +72,8 @@ constexpr EditingCommand kCommands[] = {
     {kEditSelFwdEnd, false, false, MoveWord<WordMove::kForwardEnd, true>},
     {kEditMoveFwdStart, false, false, MoveWord<WordMove::kForwardStart, false>},
     {kEditSelFwdStart, false, false, MoveWord<WordMove::kForwardStart, true>},
+    {kSearchMark, false, false},
+    {kSearchGotoMark, false, false},
     {kSearchGotoLine, false, false},
     {kSearchMatchBrace, false, false, FindBrace},
     {kSetInsert, false, false},

@@ -56,7 +56,7 @@ bool EditingCommands::Run(UINT id) {
   } catch (const std::bad_alloc&) {
     host_.ReportOutOfMemory();
   }
-  PostCaretMoved();
+  control_.PostCaretMoved();
   return true;
 }
 
@@ -109,6 +109,10 @@ void EditingCommands::Do(const EditingCommand& command) {
       return Toggle(command.id);
     case kSetClean:
       return owner_.MarkClean();
+    case kSearchMark:
+    case kSearchGotoMark:
+      host_.ShowMessageBox(nullptr, MB_OK | MB_ICONEXCLAMATION, kTextUnimplemented);
+      return;
     default:
       if (command.run) Play(command);
   }
@@ -188,12 +192,6 @@ void EditingCommands::Toggle(CommandId id) {
 IndentSettings EditingCommands::Indent() const {
   const GlobalSettings& settings = host_.Settings();
   return {settings.tabSize, settings.shiftWidth};
-}
-
-void EditingCommands::PostCaretMoved() const {
-  HWND control = control_.Handle();
-  ::PostMessageW(::GetParent(control), WM_COMMAND, MAKEWPARAM(::GetDlgCtrlID(control), kCaretMoved),
-                 reinterpret_cast<LPARAM>(control));
 }
 
 }  // namespace tarrow

@@ -57,7 +57,6 @@ class EditingCommands final : public TextControlHooks {
   void GotoLine();
   void Toggle(CommandId id);
   bool IsChecked(UINT id) const;
-  void PostCaretMoved() const;
 
   bool BreakLineIndented();
   bool TypeOver(char32_t code);

@@ -68,6 +68,9 @@ class TextControl final : public CWnd {
   void Select(BytePos anchor, BytePos caret);
   void Select(TextRange range) { Select(range.start, range.end); }
 
+  // Posts kCaretMoved to the parent, on behalf of whoever moves the caret by these functions.
+  void PostCaretMoved() const;
+
   // The line of the start of the selection: what commands mean by the caret's line.
   LineNo CaretLine() const { return buffer_.LineOf(Selection().start); }
 
@@ -128,7 +131,6 @@ class TextControl final : public CWnd {
   void MoveCaret(BytePos to, bool extend);
   void MoveCaretKeepingColumn(LineNo line, bool extend);
   void Notify(UINT code) const;
-  void PostCaretMoved() const;
   bool OnCreate(const CREATESTRUCTW& create);
   LRESULT OnSetFont(WPARAM font, LPARAM redraw);
   LRESULT OnGetFont(WPARAM, LPARAM) { return reinterpret_cast<LRESULT>(font_->Font()); }

@@ -57,16 +57,19 @@ bool FindInWindow::Find() {
   EscapeProgress escape;
   std::optional<TextRange> found =
       FindText(state_, control_.View(), control_.Selection(), control_.TextCharset(), boxes, &escape);
-  if (found) control_.Select(*found);
-  return found.has_value();
+  if (!found) return false;
+  control_.Select(*found);
+  control_.PostCaretMoved();
+  return true;
 }
 
 void FindInWindow::ReplaceSelection() {
   BytePos start = control_.Selection().start;
   std::string inserted;
   MakeReplacement(state_, control_).Build(control_.View(), state_.registers, inserted);
-  if (control_.ReplaceSelection(inserted, EditKind::kForgotten))
-    control_.Select(start, start + static_cast<std::int64_t>(inserted.size()));
+  if (!control_.ReplaceSelection(inserted, EditKind::kForgotten)) return;
+  control_.Select(start, start + static_cast<std::int64_t>(inserted.size()));
+  control_.PostCaretMoved();
 }
 
 void FindInWindow::ReplaceAll() {
@@ -90,6 +93,7 @@ void FindInWindow::ApplyAll(const EditList& edits) {
   Edit last = edits[edits.Size() - 1];
   BytePos caret = last.range.end + edits.Growth();
   control_.Apply(edits, {caret, caret});
+  control_.PostCaretMoved();
 }
 
 void FindInWindow::Complain(int message) {

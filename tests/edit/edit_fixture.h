@@ -50,6 +50,14 @@ class EditFixture : public CWnd, public EditingOwner {
   void MarkClean() override { flags &= ~std::uint32_t{kModified}; }
   void Beep(UINT sound) override { host_.alerts.push_back(sound); }
 
+  int caretMoves = 0;  // how often the control has said that the caret may have moved
+
+ protected:
+  LRESULT WindowProc(UINT message, WPARAM w, LPARAM l) override {
+    if (message == WM_COMMAND && HIWORD(w) == kCaretMoved) ++caretMoves;
+    return CWnd::WindowProc(message, w, l);
+  }
+
  private:
   FramedHost& host_;
 

@@ -112,6 +112,18 @@ TEST_F(EditingCommandsTest, SaysThatABraceHasNoPartner) {
   EXPECT_EQ(host_.statusTexts, std::vector<std::string>{std::to_string(kTextNoMatchingBrace)});
 }
 
+TEST_F(EditingCommandsTest, SayThatTheyAreNotThereYet) {
+  Run(kSearchMark, "a‸");
+  Run(kSearchGotoMark, "a‸");
+  EXPECT_EQ(host_.boxes, (std::vector<int>{kTextUnimplemented, kTextUnimplemented}));
+  EXPECT_EQ(Run(kEditRepeat, "a‸"), "a‸");
+}
+
+TEST_F(EditingCommandsTest, TellTheirWindowThatTheCaretHasMoved) {
+  Run(kEditMoveFwdEnd, "‸one");
+  EXPECT_TRUE(PumpUntil([&] { return edit_.caretMoves > 0; }));
+}
+
 TEST_F(EditingCommandsTest, ToggleTheFlagsTheyStandFor) {
   edit_.commands.Run(kSetIndent);
   EXPECT_EQ(edit_.flags, std::uint32_t{kAlignLines | kIndentBlocks});

@@ -55,6 +55,7 @@ class FindDialogTest : public FindCommandsTest {
 
 TEST_F(FindCommandsTest, FindsTheSelectionAsAPattern) {
   EXPECT_EQ(Run(kSearchFindNext, "«a.b» a.b axb"), "a.b «a.b» axb");
+  EXPECT_TRUE(PumpUntil([&] { return edit_.caretMoves > 0; }));
   EXPECT_TRUE(find_.Run(kSearchFindNext));
   EXPECT_EQ(edit_.Marked(), "a.b a.b «axb»");
   EXPECT_TRUE(find_.Run(kSearchFindPrev));
