@@ -66,14 +66,17 @@ void AppendUtf8(char32_t code, std::string& bytes) {
   while (trail-- > 0) bytes += static_cast<char>(0x80 | (code >> (6 * trail) & 0x3F));
 }
 
+// What of `text` lies in one piece from `at` on.
+std::string_view Rest(const TextView& text, BytePos at) {
+  auto from = static_cast<std::size_t>(at.value);
+  return from < text.head.size() ? text.head.substr(from) : text.tail.substr(from - text.head.size());
+}
+
 // Whether every byte of 0x80 and above belongs to a valid sequence.
 bool IsValidUtf8(const TextView& text) {
   std::array<char, kLongestSequence> room;
   for (BytePos at(0); at < text.End();) {
-    auto from = static_cast<std::size_t>(at.value);
-    bool inHead = from < text.head.size();
-    std::string_view rest = inHead ? text.head.substr(from) : text.tail.substr(from - text.head.size());
-    at += static_cast<std::int64_t>(FindHighByte(rest));
+    at += static_cast<std::int64_t>(FindHighByte(Rest(text, at)));
     for (; at < text.End() && (text[at] & 0x80) != 0;) {
       Character c = DecodeUtf8(Sequence(text, at, room));
       if (c.length == 0) return false;
@@ -155,8 +158,12 @@ std::u16string Charset::ToWide(const TextView& text) const {
   std::u16string wide;
   wide.reserve(static_cast<std::size_t>(text.Size()));
   for (BytePos at(0); at < text.End();) {
+    std::string_view plain = Rest(text, at);
+    plain = plain.substr(0, FindHighByte(plain));
+    wide.append(plain.begin(), plain.end());
+    at += static_cast<std::int64_t>(plain.size());
     Character c = At(text, at);
-    AppendUtf16(c.code, wide);
+    if (c.length) AppendUtf16(c.code, wide);
     at += c.length;
   }
   return wide;

@@ -187,7 +187,7 @@ bool TextControl::Apply(const EditList& edits, TextRange selection) {
 }
 
 bool TextControl::UndoLast() {
-  if (!buffer_.CanUndo()) return false;
+  if (readOnly_ || !buffer_.CanUndo()) return false;
   TextRange now = Selection();
   std::optional<TextRange> before = selectionBeforeList_;
   bool done = Change({BytePos(0), buffer_.End()}, [&] {

@@ -83,7 +83,7 @@ class TextControl final : public CWnd {
   // line.
   bool Type(char32_t code);
 
-  // False also when there is nothing to undo. The text that comes back is selected; after the undo of a list,
+  // False also when there is nothing to undo or the control is read-only. The text that comes back is selected; after the undo of a list,
   // what was selected before it.
   bool UndoLast();
   bool CanUndo() const { return buffer_.CanUndo(); }
@@ -180,7 +180,7 @@ class TextControl final : public CWnd {
   LRESULT OnUnichar(WPARAM code, LPARAM);
   LRESULT OnSysChar(WPARAM key, LPARAM data);
   LRESULT OnImeStart(WPARAM, LPARAM);
-  LRESULT OnImeComposition(WPARAM, LPARAM what);
+  LRESULT OnImeComposition(WPARAM w, LPARAM what);
   bool MoveByKey(UINT key, bool shift, bool control);
   bool ScrollByKey(UINT key, bool control);
   bool EditByKey(UINT key, bool shift, bool control);

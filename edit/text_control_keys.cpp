@@ -224,7 +224,7 @@ LRESULT TextControl::OnImeStart(WPARAM, LPARAM) {
 }
 
 // The result is taken as UTF-16 here: the default would send it in bytes of the code page.
-LRESULT TextControl::OnImeComposition(WPARAM, LPARAM what) {
+LRESULT TextControl::OnImeComposition(WPARAM w, LPARAM what) {
   if (!(what & GCS_RESULTSTR)) return Default();
   InputContext context(Handle());
   if (!context) return Default();
@@ -234,7 +234,9 @@ LRESULT TextControl::OnImeComposition(WPARAM, LPARAM what) {
   ::ImmGetCompositionStringW(context, GCS_RESULTSTR, result.data(), static_cast<DWORD>(bytes));
   for (char16_t unit : result) TakeUnit(unit);
   PostCaretMoved();
-  return 0;
+  // With the result may come the beginning of what is composed next.
+  constexpr LPARAM kResult = GCS_RESULTSTR | GCS_RESULTCLAUSE | GCS_RESULTREADSTR | GCS_RESULTREADCLAUSE;
+  return (what & ~kResult) ? DefaultProc(WM_IME_COMPOSITION, w, what & ~kResult) : 0;
 }
 
 }  // namespace tarrow

@@ -84,7 +84,12 @@ void TextControl::PaintLine(HDC dc, LineNo line, const RECT& row) {
   auto isSelected = [&](BytePos at) { return selection.start <= at && at < selection.end; };
   RECT cell = row;
   cell.right = cell.left;
-  auto pieces = layout.Pieces(left_, left_ + row.right, {selection.start, selection.end});
+  // A character beyond either edge may reach over it by a pixel.
+  Pixels more = font_->AverageWidth();
+  // A cut changes how glyphs run into one another, so a caret alone makes none.
+  std::vector<BytePos> cuts;
+  if (!selection.Empty()) cuts = {selection.start, selection.end};
+  auto pieces = layout.Pieces(left_ - more, left_ + row.right + more, cuts);
   for (const LinePiece& piece : pieces) {
     cell.left = static_cast<LONG>(piece.x - left_);
     cell.right = static_cast<LONG>(piece.x + piece.width - left_);

@@ -153,6 +153,8 @@ TEST(TextControlMessages, ReadOnlyRefusesKeysButNotThePlatformsMessages) {
   pair.ExpectSameState("clipboard");
   pair.Tell(EM_REPLACESEL, TRUE, Bytes("new"));
   pair.ExpectSameState("replaced");
+  pair.Both(EM_UNDO, 0, 0);
+  pair.ExpectSameState("undo");
 }
 
 TEST(TextControlMessages, TypingAndDeletingAreThoseOfThePlatform) {
