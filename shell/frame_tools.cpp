@@ -45,9 +45,10 @@ void CTwFrame::OnHelpSearch() {
 }
 
 void CTwFrame::OnWindowHelp() {
-  if (selector_.HasFocus())
+  const CMDIChildWnd* active = ActiveChild();
+  if (CommandState state; selector_.HasFocus())
     ShowHelp(selector_.Handle(), kSelectorHelp);
-  else if (const CMDIChildWnd* active = ActiveChild())
+  else if (active && active->QueryCommand(kHelpOnWord, state))
     active->Post(WM_COMMAND, kHelpOnWord);
   else
     OnHelpContents();
