@@ -147,6 +147,7 @@ bool CTwFileEdit::WriteFile(const std::string& path) {
 
 // Paste File: as loading, into the text at the caret.
 void CTwFileEdit::OnMerge() {
+  if (Has(kReadOnly)) return Alert(MB_ICONEXCLAMATION);
   std::optional<std::string> path = RunPickFileDialog(Frame().Handle(), "Paste File", Program().FileFilter());
   if (!path) return;
   WaitState wait(Program());

@@ -51,7 +51,6 @@ using RegionHandle = UniqueHandle<HRGN, detail::DeleteGdiObject>;
 using MemoryDcHandle = UniqueHandle<HDC, ::DeleteDC>;
 using MenuHandle = UniqueHandle<HMENU, ::DestroyMenu>;
 using IconHandle = UniqueHandle<HICON, ::DestroyIcon>;
-using AcceleratorHandle = UniqueHandle<HACCEL, ::DestroyAcceleratorTable>;
 using ModuleHandle = UniqueHandle<HMODULE, ::FreeLibrary>;
 using KernelHandle = UniqueHandle<HANDLE, detail::CloseAnyHandle>;
 

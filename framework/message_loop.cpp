@@ -20,13 +20,24 @@ bool TakenByDialog(MSG& message) {
                      [&](HWND dialog) { return ::IsDialogMessageW(dialog, &message) != 0; });
 }
 
+// The platform's own translation holds a command back when its menu item is grey. Here it is sent in any
+// case: a command that cannot act refuses with its beep, and the user knows that the key was right.
+bool SentAsCommand(const MSG& message, const MessageLoop::Targets& targets) {
+  if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
+  auto held = [](int key, int flag) { return ::GetKeyState(key) < 0 ? flag : 0; };
+  int modifiers = held(VK_SHIFT, FSHIFT) | held(VK_CONTROL, FCONTROL) | held(VK_MENU, FALT);
+  UINT command = targets.commandOf(static_cast<UINT>(message.wParam), static_cast<BYTE>(modifiers));
+  if (command == 0) return false;
+  constexpr WORD kFromKey = 1;
+  ::SendMessageW(targets.frame, WM_COMMAND, MAKEWPARAM(command, kFromKey), 0);
+  return true;
+}
+
 bool TakenByFrame(MSG& message, const MessageLoop::Targets& targets) {
   // While the mouse is held in a window (a selection is being drawn), a command must not change what is under
   // it.
-  if (!targets.frame || ::GetCapture()) return false;
-  if (targets.accelerators && ::TranslateAcceleratorW(targets.frame, targets.accelerators, &message))
-    return true;
-  return targets.mdiClient && ::TranslateMDISysAccel(targets.mdiClient, &message);
+  if (::GetCapture()) return false;
+  return SentAsCommand(message, targets) || ::TranslateMDISysAccel(targets.mdiClient, &message);
 }
 
 bool TakenByWindow(const MSG& message) {
@@ -40,14 +51,14 @@ void MessageLoop::AddModeless(HWND dialog) {
   Modeless().push_back(dialog);
 }
 
-// The accelerators come before the MDI keys, so that Ctrl+Tab and Ctrl+F4 can be bound to commands.
+// The commands come before the MDI keys, so that Ctrl+Tab and Ctrl+F4 can be bound to commands.
 void MessageLoop::Handle(MSG& message, const Targets& targets) {
   if (TakenByDialog(message) || TakenByFrame(message, targets)) return;
   ::TranslateMessage(&message);
   if (!TakenByWindow(message)) ::DispatchMessageW(&message);
 }
 
-int MessageLoop::Run(const std::function<Targets()>& targets, const std::function<void()>& idle) {
+int MessageLoop::Run(const Targets& targets, const std::function<void()>& idle) {
   MSG message{};
   bool idled = false;
   for (;;) {
@@ -57,7 +68,7 @@ int MessageLoop::Run(const std::function<Targets()>& targets, const std::functio
     }
     BOOL more = ::GetMessageW(&message, nullptr, 0, 0);
     if (more <= 0) return static_cast<int>(message.wParam);
-    Handle(message, targets());
+    Handle(message, targets);
     idled = false;
   }
 }

@@ -75,7 +75,7 @@ int CTwApp::Run(std::string_view commandLine, int showCommand) {
   else
     frame_.RestoreSession();
   ::DragAcceptFiles(frame_.Handle(), TRUE);
-  return MessageLoop::Run([this] { return LoopTargets(); }, [this] { frame_.OnIdle(); });
+  return MessageLoop::Run(LoopTargets(), [this] { frame_.OnIdle(); });
 }
 
 void CTwApp::FindPlaces(const CommandLineOptions& options) {
@@ -128,7 +128,8 @@ std::size_t CTwApp::OpenNamedFiles(const CommandLineOptions& options) {
 }
 
 MessageLoop::Targets CTwApp::LoopTargets() const {
-  return {frame_.Handle(), frame_.Client(), frame_.Accelerators()};
+  return {frame_.Handle(), frame_.Client(),
+          [this](UINT key, BYTE modifiers) { return frame_.CommandOfKey(key, modifiers); }};
 }
 
 }  // namespace tarrow

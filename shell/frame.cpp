@@ -193,7 +193,6 @@ void CTwFrame::OnClose() {
   Settings().Set(kNoStatusBar, true);  // nothing is to be shown in them any more
   Settings().Set(kNoToolBar, true);
   ::WinHelpW(Handle(), ToWide(program_.helpFile).c_str(), HELP_QUIT, 0);
-  accelerators_.Reset();
   Destroy();
 }
 

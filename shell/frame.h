@@ -34,10 +34,10 @@ class CTwFrame final : public CMDIFrameWnd, public Host {
   // Creates the window at `bounds` (left, top, width, height in screen pixels).
   [[nodiscard]] bool CreateMain(const RECT& bounds);
 
-  // The keys that run commands now; null when there are none.
-  HACCEL Accelerators() const { return accelerators_.Get(); }
+  // The command that a key with these modifiers (FSHIFT, FCONTROL, FALT) runs now, 0 for none.
+  UINT CommandOfKey(UINT key, BYTE modifiers) const;
 
-  // Builds the accelerators from the defaults and the user's bindings, and shows them in the menus.
+  // Takes the keys of commands from the defaults and the user's bindings, and shows them in the menus.
   void LoadKeyBindings();
 
   // Opens a file with the bits of a document window. Returns whether a window shows it now.
@@ -160,7 +160,7 @@ class CTwFrame final : public CMDIFrameWnd, public Host {
   CToolBar toolBar_;
   CWinSelector selector_;
   FindCommands find_;
-  AcceleratorHandle accelerators_;
+  std::vector<KeyBinding> keys_;  // those that run commands now
   HCURSOR cursorBeforeWait_ = nullptr;
   std::vector<bool> waits_;  // of each wait that has begun: whether it hides the windows
   int hidingWaits_ = 0;

@@ -4,7 +4,6 @@
 #include "framework/unicode.h"
 #include "project/options.h"
 #include "shell/frame.h"
-#include "ui/accelerators.h"
 #include "ui/font_choice.h"
 #include "ui/global_settings_dialog.h"
 #include "ui/global_settings_form.h"
@@ -43,7 +42,15 @@ void CTwFrame::LoadKeyBindings() {
   table.Load(DefaultKeyBindings());
   for (const KeyTextChange& change : tarrow::LoadKeyBindings(entries, table))
     menus_.SetKeyText(change.command, change.keyText);
-  accelerators_ = CreateAccelerators(table.Entries());
+  keys_.assign(table.Entries().begin(), table.Entries().end());
+}
+
+// The flags of a binding and those of the platform are the same numbers.
+static_assert(kShiftKey == FSHIFT && kControlKey == FCONTROL && kAltKey == FALT);
+
+UINT CTwFrame::CommandOfKey(UINT key, BYTE modifiers) const {
+  KeyStroke stroke{static_cast<std::uint8_t>(kVirtualKey | modifiers), static_cast<std::uint16_t>(key)};
+  return CommandForKey(keys_, stroke);
 }
 
 std::string CTwFrame::FileFilter() const {
@@ -63,8 +70,7 @@ void CTwFrame::OnGlobalSettings() {
   choice.settings = Settings();
   choice.screenFont = program_.screenFont;
   choice.printerFont = PrinterFont();
-  std::vector<KeyBinding> live = BindingsOf(Accelerators());
-  if (CGlobalSettingsDialog(*this, choice, live).DoModal(Handle()) != IDOK) return;
+  if (CGlobalSettingsDialog(*this, choice, keys_).DoModal(Handle()) != IDOK) return;
 
   GlobalSettings before = std::exchange(Settings(), choice.settings);
   for (SettingsEffect effect : EffectsOfChange(before, choice.settings)) ApplyEffect(effect, before);
@@ -125,11 +131,8 @@ void CTwFrame::ApplyToWindows(bool withFont) {
   });
 }
 
-// Nothing changes where the new accelerators cannot be made.
 void CTwFrame::ApplyKeyBindings(KeyBindingTable& keys) {
-  AcceleratorHandle made = CreateAccelerators(keys.Entries());
-  if (!made) return;
-  accelerators_ = std::move(made);
+  keys_.assign(keys.Entries().begin(), keys.Entries().end());
   while (auto change = keys.NextChange()) {
     KeyBindingUpdate update = UpdateFor(*change);
     menus_.SetKeyText(update.menu.command, update.menu.keyText);

@@ -1,6 +1,5 @@
 #include "resources/resource.h"
 #include "tests/fake_host.h"
-#include "ui/accelerators.h"
 #include "ui/global_settings_dialog.h"
 #include "ui/key_bindings_dialog.h"
 #include "ui/key_names.h"
@@ -14,13 +13,6 @@ namespace tarrow {
 namespace {
 
 constexpr std::uint16_t kF5 = 0x74;
-
-TEST(Accelerators, ComeBackAsTheyWentIn) {
-  AcceleratorHandle table = CreateAccelerators(DefaultKeyBindings());
-  ASSERT_TRUE(table);
-  std::vector<KeyBinding> back = BindingsOf(table.Get());
-  EXPECT_TRUE(std::ranges::equal(back, DefaultKeyBindings()));
-}
 
 // The dialogs run modeless here, so that a test drives them with the messages of their controls.
 class KeyBindingsDialogTest : public testing::Test {
