@@ -1,15 +1,17 @@
 """Tarrow as the scenarios see it: its windows by name, its files, its questions."""
 
+import contextlib
 import shutil
 import time
 import unittest
 
 import workshop
-from driver import BUILD, WM_COMMAND, Program, Window, plain
+from driver import BM_CLICK, BUILD, WM_COMMAND, Program, Window, plain
 from vocabulary import command_number
 from workshop import LOGS, windows_path
 
-FILE_NAME_FIELD = 1148  # of the system's file dialogs
+# The system's file dialogs: the fields of the file name, one for opening and one for saving, and the button.
+FILE_NAME_FIELDS, OK_BUTTON = (1148, 1152), 1
 
 FLAG_AUTO_SAVE, FLAG_BACKUP, FLAG_EDITOR_ONLY = 0x20, 0x40, 0x200
 
@@ -29,11 +31,15 @@ class Tarrow(Program):
         super().__init__(stage, [windows_path(program), *options, *names], directory)
 
     def is_main(self, window):
-        return any(child.kind == "MDICLIENT" for child in window.children)
+        return window.kind == "TarrowFrame"
+
+    def client(self):
+        """The area of the documents; None while it is hidden for bulk work."""
+        return next((child for child in self.main().children if child.kind.lower() == "mdiclient"), None)
 
     def documents(self):
         """The windows inside the frame, from the top."""
-        client = self.main().find("MDICLIENT")
+        client = self.client()
         return [child for child in client.children if child.kind != "#32772"] if client else []
 
     def titles(self):
@@ -61,14 +67,21 @@ class Tarrow(Program):
     def wait_titles(self, titles):
         self.stage.wait(lambda: sorted(self.titles()) == sorted(titles), f"exactly the windows {titles}")
 
-    def fill_file_dialog(self, title, path, button=None):
-        """Enters a name in one of the system's file dialogs and confirms it."""
-        dialog = self.dialog(title)
-        field = self.stage.wait(
-            lambda: self.window(dialog).find("Edit", identifier=FILE_NAME_FIELD), "the field of the file name")
-        self.stage.probe.ask("settext", field.handle, windows_path(path))
-        self.push(dialog, button or title)
-        return dialog
+    def file_dialog(self):
+        """One of the system's file dialogs, once it stands."""
+        def found():
+            return next((dialog for dialog in self.dialogs() if self.name_field(dialog)), None)
+        return self.stage.wait(found, "a file dialog")
+
+    def name_field(self, dialog):
+        return next(filter(None, (dialog.find("Edit", identifier=field) for field in FILE_NAME_FIELDS)), None)
+
+    def fill_file_dialog(self, path):
+        """Enters a name in a file dialog and confirms it."""
+        dialog = self.file_dialog()
+        self.stage.probe.ask("settext", self.name_field(dialog).handle, windows_path(path))
+        button = dialog.find("Button", identifier=OK_BUTTON)
+        self.stage.probe.ask("post", button.handle, BM_CLICK, 0, 0)
 
     def window(self, window):
         """The same window as it is now."""
@@ -128,16 +141,29 @@ class Scenario(unittest.TestCase):
                 current[key.lower()] = value
         return sections
 
+    @contextlib.contextmanager
+    def case(self, name):
+        """One case of several in a scenario: ends its programs, whatever becomes of it."""
+        with self.subTest(name):
+            try:
+                yield
+            finally:
+                self.stop_programs()
+
     def tearDown(self):
         outcome = self._outcome.result
         if outcome and any(case is self for case, _ in outcome.failures + outcome.errors):
             self.keep_evidence()
+        self.stop_programs()
+
+    def stop_programs(self):
         for program in self.programs:
             program.stop()
         # What belongs to a stopped program leaves the desktop a moment later.
         processes = {program.main_process for program in self.programs} - {None}
         self.stage.wait(lambda: not any(window.facts["process"] in processes for window in self.stage.everything()),
                         "the windows of the last play to go")
+        self.programs = []
 
     def keep_evidence(self):
         picture = LOGS / f"e2e-{self.id().split('.', 1)[1]}.png"

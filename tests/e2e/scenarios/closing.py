@@ -65,7 +65,7 @@ class Closing(Scenario):
         program.close()
         program.answer(QUESTION, "Yes")
         path = self.folder / "named.txt"
-        program.fill_file_dialog("Save As", path, "Save")
+        program.fill_file_dialog(path)
         self.assertEqual(program.wait_end(), 0)
         self.assertEqual(path.read_bytes(), b"text")
 
@@ -76,7 +76,7 @@ class Closing(Scenario):
         self.stage.type("text")
         program.close()
         program.answer(QUESTION, "Yes")
-        program.press(program.dialog("Save As"), "Cancel")
+        program.press(program.file_dialog(), "Cancel")
         program.wait_title("File1")
 
     def test_save_all_saves_without_a_question(self):

@@ -34,7 +34,7 @@ class EditingCommands(Scenario):
         paths = [self.folder / f"{number:03}.txt" for number in range(len(cases))]
         program.wait_titles([shown_path(path) for path in paths])
         documents = {document.text: document for document in program.documents()}
-        client = program.main().find("MDICLIENT").handle
+        client = program.client().handle
         for case, path in zip(cases, paths):
             with self.subTest(case.name):
                 document = documents[shown_path(path)]

@@ -32,7 +32,7 @@ class EditingKeys(Scenario):
 
     def test_sequences(self):
         for number, (name, before, keys, after) in enumerate(self.CASES):
-            with self.subTest(name):
+            with self.case(name):
                 program, path = self.open(f"{number}.txt", before)
                 self.stage.keys(*keys)
                 program.save()

@@ -92,7 +92,7 @@ class Options(Scenario):
     def test_arrange(self):
         names = ["a.txt", "b.txt"]
         for letter, place in (("v", "0"), ("h", "3"), ("c", "1"), ("m", "2")):
-            with self.subTest(letter):
+            with self.case(letter):
                 paths = [self.write(name, b"\r\n") for name in names]
                 self.write_settings()
                 program = self.start(f"-a{letter}", *names)
@@ -155,7 +155,7 @@ class BadSettings(Scenario):
         contents = [b"", b"\0" * 5000, bytes(range(256)) * 40, b"[Settings\r\nFlags=", b"[" * 100000,
                     b"[Settings]\r\nFlags=" + b"1" * 100000 + b"\r\nTabSize=-7\r\nWindow=a,b,,\r\nArrange=99\r\n"]
         for number, content in enumerate(contents):
-            with self.subTest(number):
+            with self.case(number):
                 self.initialisation.write_bytes(content)
                 program, _ = self.open("a.txt", b"text\r\n")
                 self.assertEqual(program.close_and_end(), 0)
