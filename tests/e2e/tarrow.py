@@ -61,6 +61,13 @@ class Tarrow(Program):
     def wait_file(self, path):
         return self.wait_title(shown_path(path))
 
+    def wait_text(self, text):
+        """Waits until what was typed has arrived: a message from elsewhere would overtake it."""
+        def arrived():
+            edit = self.active_edit()
+            return edit and edit.text == text
+        self.stage.wait(arrived, f"the text {text!r} in the window")
+
     def wait_focus_back(self):
         self.stage.wait(lambda: self.stage.probe.ask("focus")["focusClass"] == "TarrowEdit", "the focus in the text")
 

@@ -11,6 +11,7 @@ class Closing(Scenario):
     def modified(self):
         program, path = self.open("a.txt", b"old\r\n")
         self.stage.type("new ")
+        program.wait_text("new old\r\n")
         return program, path
 
     def test_yes_saves(self):
@@ -52,6 +53,7 @@ class Closing(Scenario):
         self.stage.keys("Ctrl+F6")
         program.wait_file(paths[0])
         self.stage.type("y")
+        program.wait_text("y\r\n")
         program.command("Window:CloseAll")
         program.answer(QUESTION, "No")
         program.answer(QUESTION, "Cancel")
@@ -62,6 +64,7 @@ class Closing(Scenario):
         self.stage.keys("Ctrl+n")
         program.wait_title("File1")
         self.stage.type("text")
+        program.wait_text("text")
         program.close()
         program.answer(QUESTION, "Yes")
         path = self.folder / "named.txt"
@@ -74,6 +77,7 @@ class Closing(Scenario):
         self.stage.keys("Ctrl+n")
         program.wait_title("File1")
         self.stage.type("text")
+        program.wait_text("text")
         program.close()
         program.answer(QUESTION, "Yes")
         program.press(program.file_dialog(), "Cancel")
@@ -107,6 +111,7 @@ class AutomaticSaving(Scenario):
     def test_closing_saves_without_asking(self):
         program, path = self.open("a.txt", b"old\r\n")
         self.stage.type("new ")
+        program.wait_text("new old\r\n")
         program.close()
         self.assertEqual(program.wait_end(), 0)
         self.assertEqual(path.read_bytes(), b"new old\r\n")

@@ -86,6 +86,7 @@ class SuddenEnds(Scenario):
     def test_the_end_of_the_session_asks_and_saves(self):
         program, path = self.open("a.txt", b"a\r\n")
         self.stage.type("b")
+        program.wait_text("ba\r\n")
         self.stage.probe.ask("post", program.handle, WM_QUERYENDSESSION, 0, 0)
         program.answer("Save changes to", "Yes")
         self.wait_content(path, b"ba\r\n")
