@@ -29,6 +29,7 @@ class Probe:
 
     def ask(self, *fields):
         line = "\t".join(str(field).replace("\\", "\\\\").replace("\t", "\\t").replace("\n", "\\n")
+                         .replace("\r", "\\r")
                          for field in fields)
         self.process.stdin.write(line.encode() + b"\n")
         self.process.stdin.flush()
@@ -72,7 +73,7 @@ class Window:
         return (left + right) // 2, (top + bottom) // 2
 
     def outline(self, depth=0):
-        lines = [f"{'  ' * depth}{self.kind} id={self.facts['id']} '{self.text}' {self.facts['rect']}"
+        lines = [f"{'  ' * depth}{self.kind} id={self.facts['id']} '{self.text[:200]}' {self.facts['rect']}"
                  + ("" if self.facts["enabled"] else " disabled")]
         return "\n".join(lines + [child.outline(depth + 1) for child in self.children])
 

@@ -1,5 +1,6 @@
 #include "tests/e2e/inspect.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "framework/unicode.h"
@@ -8,6 +9,9 @@ namespace tarrow::probe {
 namespace {
 
 constexpr UINT kPatienceMs = 2000;
+
+// A document's text is one too: what is looked at is its beginning.
+constexpr std::size_t kLongestText = 4096;
 
 BOOL CALLBACK Collect(HWND window, LPARAM list) {
   reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
@@ -65,7 +69,7 @@ LRESULT Ask(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
 std::string TextOf(HWND window) {
   const LRESULT length = Ask(window, WM_GETTEXTLENGTH, 0, 0);
   if (length <= 0) return {};
-  std::vector<wchar_t> text(static_cast<std::size_t>(length) + 1);
+  std::vector<wchar_t> text(std::min(static_cast<std::size_t>(length), kLongestText) + 1);
   const LRESULT got = Ask(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
   return got > 0 ? ToUtf8({text.data(), static_cast<std::size_t>(got)}) : std::string();
 }

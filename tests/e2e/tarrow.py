@@ -213,6 +213,12 @@ class Scenario(unittest.TestCase):
         except AssertionError as error:
             raise AssertionError(f"{path.name} holds {last[:200] if last is not None else last!r}; {error}") from None
 
+    def wait_files(self, names, folder=None):
+        """Waits until exactly these files stand in a folder: a temporary one may live a moment longer."""
+        def standing():
+            return sorted(entry.name for entry in (folder or self.folder).iterdir() if entry.is_file())
+        self.stage.wait(lambda: standing() == sorted(names), f"the files {names}, not {standing()}")
+
     def stays(self, condition, what, seconds=0.5):
         """For what must not happen: looks again and again for a while."""
         limit = time.monotonic() + seconds

@@ -3,7 +3,8 @@
 //
 // Reads one request a line from standard input, its fields apart by tabs, and answers each with one line of
 // JSON; a request that it does not know is answered by {"error": ...}. Ends with its input. In a field "\n",
-// "\t" and "\\" stand for a line feed, a tab and a backslash. Windows are named by their handles in decimal.
+// "\r", "\t" and "\\" stand for a line feed, a carriage return, a tab and a backslash. Windows are named by
+// their handles in decimal.
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
@@ -140,7 +141,7 @@ Fields Split(const std::string& line) {
       fields.emplace_back();
     } else if (line[i] == '\\' && i + 1 < line.size()) {
       const char escaped = line[++i];
-      fields.back() += escaped == 'n' ? '\n' : escaped == 't' ? '\t' : escaped;
+      fields.back() += escaped == 'n' ? '\n' : escaped == 'r' ? '\r' : escaped == 't' ? '\t' : escaped;
     } else if (line[i] != '\r') {
       fields.back() += line[i];
     }

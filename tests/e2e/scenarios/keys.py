@@ -19,7 +19,7 @@ class EditingKeys(Scenario):
         ("word movement", b"one two\r\n", ["Ctrl+f", "x"], b"one xtwo\r\n"),
         ("cut and paste", b"one\r\ntwo\r\n", ["Shift+Down", "Ctrl+x", "Ctrl+End", "Ctrl+v"], b"two\r\none\r\n"),
         ("append to the clipboard", b"a\r\nb\r\n",
-         ["Shift+Down", "Ctrl+c", "Down", "Shift+Down", "Ctrl+Shift+c", "Ctrl+End", "Ctrl+v"],
+         ["Shift+Down", "Ctrl+c", "Ctrl+Home", "Down", "Shift+Down", "Ctrl+Shift+c", "Ctrl+End", "Ctrl+v"],
          b"a\r\nb\r\na\r\nb\r\n"),
         ("undo and its undo", b"a\r\n", ["x", "y", "Ctrl+z", "Ctrl+z"], b"xya\r\n"),
         ("home stops at the first letter", b"  a\r\n", ["End", "Home", "x"], b"  xa\r\n"),
