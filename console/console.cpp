@@ -35,18 +35,31 @@ class WatchedSource final : public ByteSource {
   ProgressDisplay& progress_;
 };
 
+constexpr std::size_t kPortion = 64 << 10;
+
 std::string_view CauseText(FileCause cause) {
   return FindText(kTextFirstFileCause + static_cast<int>(cause));
 }
 
 }  // namespace
 
+Console::Console(std::string_view command)
+    : command_(command), directory_(CurrentDirectory()), out_(progress_) {}
+
 Console::Output::Output(ProgressDisplay& progress)
     : progress_(progress), onTerminal_(IsTerminal(Stream::kOutput)) {}
 
 void Console::Output::Write(std::string_view bytes) {
   if (onTerminal_) progress_.Clear();
-  WriteTo(Stream::kOutput, bytes);
+  text_ += bytes;
+  if (onTerminal_ || text_.size() >= kPortion) Flush();
+}
+
+// What could not be written is not tried again.
+void Console::Output::Flush() {
+  std::string text;
+  text.swap(text_);
+  if (!text.empty()) WriteTo(Stream::kOutput, text);
 }
 
 std::unique_ptr<ByteSource> Console::Open(const std::string& name) {
@@ -96,10 +109,9 @@ bool Console::Ask(std::string_view question) {
   return std::getline(std::cin, answer) && (answer.starts_with('y') || answer.starts_with('Y'));
 }
 
-std::string ShownName(const std::string& name) {
-  std::string directory = CurrentDirectory();
-  bool isWithin = !directory.empty() && name.starts_with(directory) && name.size() > directory.size();
-  return isWithin ? name.substr(directory.size()) : name;
+std::string_view Console::ShownName(std::string_view name) const {
+  bool isWithin = !directory_.empty() && name.starts_with(directory_) && name.size() > directory_.size();
+  return isWithin ? name.substr(directory_.size()) : name;
 }
 
 }  // namespace tarrow

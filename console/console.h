@@ -19,9 +19,11 @@ namespace tarrow {
 
 class Console {
  public:
-  explicit Console(std::string_view command) : command_(command), out_(progress_) {}
+  explicit Console(std::string_view command);
 
+  // Standard output, in large portions where it is no terminal.
   TextSink& Out() { return out_; }
+  void Flush() { out_.Flush(); }
   ProgressDisplay& GetProgress() { return progress_; }
 
   // Opens a file whose reading the progress follows. Throws CFileException.
@@ -39,6 +41,9 @@ class Console {
   void Complain(const CFileException& failure);
   bool Failed() const { return failed_; }
 
+  // The name under which results of a file are shown: its own without the current directory in front.
+  std::string_view ShownName(std::string_view name) const;
+
   // Puts a question with the answers Yes and No on the terminal; No where there is none.
   bool Ask(std::string_view question);
 
@@ -47,19 +52,19 @@ class Console {
    public:
     explicit Output(ProgressDisplay& progress);
     void Write(std::string_view bytes) override;
+    void Flush();
 
    private:
     ProgressDisplay& progress_;
     bool onTerminal_;
+    std::string text_;
   };
 
   std::string_view command_;
+  std::string directory_;
   ProgressDisplay progress_;
   Output out_;
   bool failed_ = false;
 };
-
-// The name under which results of a file are shown: its own without the current directory in front.
-std::string ShownName(const std::string& name);
 
 }  // namespace tarrow

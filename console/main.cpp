@@ -47,6 +47,7 @@ int RunParsed(const Command& command, std::span<const std::string> words, Consol
     throw UsageError(FormatText("%s expected", {command.operands}));
   CatchInterrupts();
   int code = command.run(arguments, console);
+  console.Flush();
   console.GetProgress().Clear();
   return console.Failed() ? command.troubleCode : code;
 }
@@ -60,6 +61,7 @@ int RunCommand(const Command& command, std::span<const std::string> words) {
   } catch (const CFileException& failure) {
     console.Complain(failure);
   } catch (const CYieldException&) {
+    console.Flush();
     console.Complain(FindText(kTextCancelled));
     return kInterruptedCode;
   } catch (const std::bad_alloc&) {

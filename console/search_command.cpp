@@ -22,7 +22,7 @@ int RunSearch(const Arguments& arguments, Console& console) {
   bool found = false;
   console.ForEachFile(names, [&](ByteSource& source, const std::string& name) {
     std::string fullName = listing == FileSearch::Listing::kCounts ? FullName(name) : std::string();
-    found |= search.Run(source, ShownName(name), fullName) > 0;
+    found |= search.Run(source, console.ShownName(name), fullName) > 0;
   });
   return found ? 0 : 1;
 }

@@ -35,7 +35,7 @@ class FilterPattern final : public AnchoredPattern {
 int RunStrings(const Arguments& arguments, Console& console) {
   FilterPattern pattern(arguments.Value('e', kDefaultStringPattern), console.GetProgress());
   console.ForEachFile(arguments.Operands(), [&](ByteSource& source, const std::string& name) {
-    ExtractStrings(source, ShownName(name), pattern, console.Out(), kNewLine, &console.GetProgress());
+    ExtractStrings(source, console.ShownName(name), pattern, console.Out(), kNewLine, &console.GetProgress());
   });
   return 0;
 }

@@ -122,7 +122,6 @@ std::unique_ptr<ByteSource> OpenInput(const std::string& name) {
 
 void WriteTo(Stream stream, std::string_view bytes) {
   while (!bytes.empty()) {
-    EndIfInterrupted();
     DWORD n = 0, size = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), 1 << 20));
     if (!WriteFile(HandleOf(stream), bytes.data(), size, &n, nullptr))
       throw CFileException(FileCauseFromWindows(GetLastError()), std::string(kStandardOutput));
