@@ -72,7 +72,8 @@ RecordFileOutcome CLineFile::BuildIndex(const NonAnsiQuestion& question, Progres
   if (offsets_.Size() - 1 > std::numeric_limits<std::int32_t>::max()) return RecordFileOutcome::kTooLarge;
   terminator_ = scan.Terminator();
   count_ = static_cast<std::uint32_t>(offsets_.Size() - 1);
-  length_ = scan.Longest() - std::min(scan.Longest(), terminator_ == LineTerminator::kCrLf ? 2u : 1u);
+  std::uint32_t longest = offsets_.GreatestStep();
+  length_ = longest - std::min(longest, terminator_ == LineTerminator::kCrLf ? 2u : 1u);
   Source().Seek(0);
   return RecordFileOutcome::kOpened;
 }

@@ -12,7 +12,7 @@ bool LineScan::Scan(std::string_view piece) {
     bool pair = piece[0] == '\n';
     if (!pair) terminator_ = LineTerminator::kCr;
     offset_ += pair;
-    EndLine(offset_);
+    offsets_.Append(offset_);
     piece.remove_prefix(pair);
   }
   for (; piece.size() > kMaskBlock; piece.remove_prefix(kMaskBlock))
@@ -32,22 +32,20 @@ bool LineScan::Scan(std::string_view piece) {
 bool LineScan::ScanBlock(const char* block, std::size_t size, char next) {
   constexpr unsigned kTop = kMaskBlock - 1;
   bool afterCr = std::exchange(afterCr_, false);
-  if (ByteMask control = MaskBetween(block, 0, 0x1F)) {
-    ByteMask lf = MaskEqual(block, '\n'), cr = MaskEqual(block, '\r');
-    ByteMask pairs = cr & (lf >> 1 | static_cast<ByteMask>(next == '\n') << kTop);
-    ByteMask loneLf = lf & ~(cr << 1 | static_cast<ByteMask>(afterCr)), loneCr = cr & ~pairs;
-    ByteMask ends = lf | loneCr;
-    // Of two masks the greater has the last bit.
-    if (loneLf | loneCr) terminator_ = loneLf > loneCr ? LineTerminator::kLf : LineTerminator::kCr;
-    afterCr_ = cr >> kTop;
-    ByteMask other = asked_ ? 0 : control & ~(lf | cr);
-    if (ByteMask refused = other ? other & ~MaskBetween(block, '\t', '\r') : 0) {
-      EndLines(ends & BitsBelow(refused));
-      if (!Ask(static_cast<unsigned char>(block[LowestBit(refused)]))) return false;
-      ends &= ~BitsBelow(refused);
-    }
-    EndLines(ends);
+  auto [lf, cr, hasOther] = MaskControls(block);
+  ByteMask pairs = cr & (lf >> 1 | static_cast<ByteMask>(next == '\n') << kTop);
+  ByteMask loneLf = lf & ~(cr << 1 | static_cast<ByteMask>(afterCr)), loneCr = cr & ~pairs;
+  ByteMask ends = lf | loneCr;
+  // Of two masks the greater has the last bit.
+  if (loneLf | loneCr) terminator_ = loneLf > loneCr ? LineTerminator::kLf : LineTerminator::kCr;
+  afterCr_ = cr >> kTop;
+  if (hasOther && !asked_) {
+    ByteMask refused = MaskBetween(block, 0, 0x1F) & ~MaskBetween(block, '\t', '\r');
+    offsets_.AppendBits(offset_ + 1, ends & BitsBelow(refused));
+    if (!Ask(static_cast<unsigned char>(block[LowestBit(refused)]))) return false;
+    ends &= ~BitsBelow(refused);
   }
+  offsets_.AppendBits(offset_ + 1, ends);
   offset_ += static_cast<std::uint32_t>(size);
   return true;
 }
@@ -58,22 +56,13 @@ bool LineScan::Ask(unsigned char control) {
   return !question_ || question_(control);
 }
 
-void LineScan::EndLines(ByteMask ends) {
-  for (; ends; ends &= ends - 1) EndLine(offset_ + LowestBit(ends) + 1);
-}
-
-void LineScan::EndLine(std::uint32_t next) {
-  longest_ = std::max(longest_, next - start_);
-  start_ = next;
-  offsets_.Append(next);
-}
-
 void LineScan::Finish() {
   if (std::exchange(heldCr_, false)) {
     terminator_ = LineTerminator::kCr;
-    EndLine(offset_);
+    offsets_.Append(offset_);
   }
-  if (offset_ != start_) EndLine(offset_ + (terminator_ == LineTerminator::kCrLf ? 2 : 1));
+  if (offset_ != offsets_[offsets_.Size() - 1])
+    offsets_.Append(offset_ + (terminator_ == LineTerminator::kCrLf ? 2 : 1));
 }
 
 }  // namespace tarrow

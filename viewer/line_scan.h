@@ -35,23 +35,17 @@ class LineScan {
   void Finish();
 
   LineTerminator Terminator() const { return terminator_; }
-  // Bytes of the longest line with its terminator.
-  std::uint32_t Longest() const { return longest_; }
 
  private:
   [[nodiscard]] bool ScanBlock(const char* block, std::size_t size, char next);
   [[nodiscard]] bool Ask(unsigned char control);
-  void EndLines(ByteMask ends);
-  void EndLine(std::uint32_t next);
 
   LineOffsets& offsets_;
   const NonAnsiQuestion& question_;
   LineTerminator terminator_ = LineTerminator::kCrLf;
   std::uint32_t offset_ = 0;  // of what comes next, with the doubled byte counted
-  std::uint32_t start_ = 0;   // of the current line
-  std::uint32_t longest_ = 0;
-  bool heldCr_ = false;   // a CR at the end of a piece, whose line ends with the next byte or at it
-  bool afterCr_ = false;  // the block before ended in a CR
+  bool heldCr_ = false;       // a CR at the end of a piece, whose line ends with the next byte or at it
+  bool afterCr_ = false;      // the block before ended in a CR
   bool asked_ = false;
 };
 

@@ -29,7 +29,7 @@ NaiveLines ScanInPieces(std::string_view text, bool accept, std::size_t largest,
   scan.Finish();
   for (std::size_t i = 0; i < offsets.Size(); ++i) lines.offsets.push_back(offsets[i]);
   lines.terminator = scan.Terminator();
-  lines.longest = scan.Longest();
+  lines.longest = offsets.GreatestStep();
   return lines;
 }
 
