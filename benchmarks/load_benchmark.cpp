@@ -1,6 +1,7 @@
 // Loading a large file with conversion and line index beside unix2dos, and saving it back beside cp.
 #include "benchmarks/posix_files.h"
 #include "benchmarks/report.h"
+#include "benchmarks/source_text.h"
 #include "edit/file_load.h"
 #include "edit/file_save.h"
 
@@ -10,7 +11,6 @@
 
 namespace {
 
-using namespace std::string_literals;
 using tarrow::FileFormat;
 using tarrow::bench::BestSeconds;
 using tarrow::bench::Check;
@@ -21,18 +21,6 @@ struct Never final : tarrow::LoadQuestions {
   bool AcceptControlByte(unsigned char) override { return false; }
   bool AcceptLineEnds() override { return false; }
 };
-
-// Lines as programs have them: indented, of many lengths, some empty.
-std::string SourceText(std::size_t size) {
-  std::string text;
-  text.reserve(size + 100);
-  for (unsigned n = 1; text.size() < size; n = n * 1103515245 + 12345) {
-    text.append(n >> 16 & 7, ' ');
-    text.append(n >> 20 & 63, static_cast<char>('a' + (n >> 8) % 26));
-    text += '\n';
-  }
-  return text;
-}
 
 tarrow::LoadedText Load(const std::string& path) {
   PosixFile file(path, O_RDONLY);
@@ -65,7 +53,7 @@ int main(int argc, char** argv) {
   auto directory = std::filesystem::temp_directory_path() / ("load_benchmark." + std::to_string(::getpid()));
   std::filesystem::create_directory(directory);
   std::string source = directory / "source.c", dos = directory / "dos.c", saved = directory / "saved.c";
-  std::string text = SourceText(static_cast<std::size_t>(megabytes) << 20);
+  std::string text = tarrow::bench::SourceText(static_cast<std::size_t>(megabytes) << 20);
   std::ofstream(source, std::ios::binary) << text;
   std::string size = std::to_string(megabytes) + " MB";
 
