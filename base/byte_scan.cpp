@@ -95,6 +95,40 @@ std::size_t CountByte(std::string_view text, char byte) {
   return count;
 }
 
+// A gap of 256 bytes holds three whole groups of 64 in a row, the last one perhaps cut short by the end.
+ByteCount CountByteAndGaps(std::string_view text, char byte) {
+  constexpr std::size_t kGroup = 4 * kBlock;
+  const char* p = text.data();
+  std::size_t n = text.size(), i = 0;
+  unsigned emptyGroups = 0, mostEmpty = 0;
+  ByteCount result;
+  Block want = Splat(byte), zero = _mm_setzero_si128();
+  auto note = [&](bool isEmpty) {
+    emptyGroups = isEmpty ? emptyGroups + 1 : 0;
+    mostEmpty = mostEmpty < emptyGroups ? emptyGroups : mostEmpty;
+  };
+  while (i + kGroup <= n) {
+    Block lanes = zero;
+    for (int round = 0; round < 63 && i + kGroup <= n; ++round, i += kGroup) {
+      Block a = _mm_cmpeq_epi8(Load(p + i), want), b = _mm_cmpeq_epi8(Load(p + i + kBlock), want);
+      Block c = _mm_cmpeq_epi8(Load(p + i + 2 * kBlock), want),
+            d = _mm_cmpeq_epi8(Load(p + i + 3 * kBlock), want);
+      Block sum = _mm_add_epi8(_mm_add_epi8(a, b), _mm_add_epi8(c, d));
+      lanes = _mm_sub_epi8(lanes, sum);
+      note(Mask(_mm_cmpeq_epi8(sum, zero)) == 0xFFFF);
+    }
+    Block sums = _mm_sad_epu8(lanes, zero);
+    result.count += static_cast<std::size_t>(_mm_cvtsi128_si32(sums)) +
+                    static_cast<std::size_t>(_mm_cvtsi128_si32(_mm_srli_si128(sums, 8)));
+  }
+  std::size_t rest = 0;
+  for (; i < n; ++i) rest += p[i] == byte;
+  if (n % kGroup != 0) note(rest == 0);
+  result.count += rest;
+  result.hasLongGap = mostEmpty >= 3;
+  return result;
+}
+
 std::size_t FindLastByte(std::string_view text, char byte) {
   const char* p = text.data();
   std::size_t i = text.size();
@@ -138,6 +172,17 @@ std::size_t CountByte(std::string_view text, char byte) {
   std::size_t count = 0;
   for (char c : text) count += c == byte;
   return count;
+}
+
+ByteCount CountByteAndGaps(std::string_view text, char byte) {
+  ByteCount result;
+  std::size_t gap = 0;
+  for (char c : text) {
+    gap = c == byte ? 0 : gap + 1;
+    result.count += c == byte;
+    result.hasLongGap |= gap == 256;
+  }
+  return result;
 }
 
 std::size_t FindLastByte(std::string_view text, char byte) {

@@ -46,7 +46,7 @@ class FileSearch::Lines {
       }
       at = SearchLine(start, end);
     }
-    if (isListing_) CountTo(std::min(at, block.size()));
+    if (isListing_ && !isLast) CountTo(std::min(at, block.size()));
     return std::min(at, block.size());
   }
 
@@ -114,7 +114,8 @@ class FileSearch::Lines {
   void CountTo(std::size_t place) {
     if (place <= counted_) return;
     std::string_view lines = block_.substr(counted_, place - counted_);
-    lineNumber_ += static_cast<std::int64_t>(CountByte(lines, '\n')) + ExtraLines(lines);
+    ByteCount feeds = CountByteAndGaps(lines, '\n');
+    lineNumber_ += static_cast<std::int64_t>(feeds.count) + (feeds.hasLongGap ? ExtraLines(lines) : 0);
     counted_ = place;
   }
 

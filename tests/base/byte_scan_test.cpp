@@ -38,6 +38,23 @@ TEST(ByteScan, AgreesWithItsDefinitionAtEveryLengthAndAlignment) {
   }
 }
 
+// Gaps of every length around the bounds, everywhere in a text that is dense otherwise.
+TEST(ByteScan, SeesLongGapsWhileItCounts) {
+  for (std::size_t gap : {0u, 100u, 128u, 129u, 200u, 255u, 256u, 257u, 500u}) {
+    for (std::size_t before = 0; before < 140; ++before) {
+      for (std::size_t after : {0u, 1u, 63u, 64u, 5000u}) {
+        std::string text = std::string(before, 'a') + std::string(gap, 'x') + std::string(after, 'a');
+        ByteCount found = CountByteAndGaps(text, 'a');
+        ASSERT_EQ(found.count, before + after);
+        if (gap >= 256 || gap <= 128) {
+          ASSERT_EQ(found.hasLongGap, gap >= 256) << gap << " " << before << " " << after;
+        }
+      }
+    }
+  }
+  EXPECT_EQ(CountByteAndGaps(std::string(100'003, 'a'), 'a').count, 100'003u);
+}
+
 TEST(ByteScan, CountsMoreHitsThanALaneHolds) {
   EXPECT_EQ(CountByte(std::string(100'003, 'a'), 'a'), 100'003u);
 }
