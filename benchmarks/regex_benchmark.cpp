@@ -189,7 +189,10 @@ template <typename Engine>
 Timing Measure(const PatternRow& row, std::string_view text, int runs) {
   Engine engine(row);
   Timing timing;
-  timing.seconds = BestSeconds(runs, [&] { timing.places = engine.FindAll(text); });
+  auto findAll = [&] { timing.places = engine.FindAll(text); };
+  timing.seconds = BestSeconds(runs, findAll);
+  // A short run is easily disturbed: it gets more chances.
+  if (runs > 1 && timing.seconds < 0.05) timing.seconds = std::min(timing.seconds, BestSeconds(8, findAll));
   return timing;
 }
 
