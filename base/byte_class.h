@@ -42,7 +42,7 @@ class ByteClass {
  private:
   static constexpr int kMaxRanges = 4;
   static constexpr std::size_t kBlock = 16;
-  static constexpr std::size_t kLookedUp = 2;  // bytes looked up before a block is compared
+  static constexpr std::size_t kLookedUp = 4;  // bytes looked up before a block is compared
   using Splat = std::array<std::uint8_t, kBlock>;
 
   void MakeRanges();

@@ -84,7 +84,7 @@ class Backtracker {
     return holds ? Outcome::kGoOn : Outcome::kFail;
   }
 
-  Outcome Take(Instruction& step) {
+  [[gnu::always_inline]] Outcome Take(Instruction& step) {
     switch (step.step) {
       case Step::kMatch:
         return Outcome::kMatch;
