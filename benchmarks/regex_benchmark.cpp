@@ -44,7 +44,7 @@ constexpr PatternRow kPatterns[] = {
     {"calls", "[A-Za-z_][A-Za-z0-9_]*(", "[A-Za-z_][A-Za-z0-9_]*\\(", "[A-Za-z_][A-Za-z0-9_]*\\("},
     {"strings", "\"[^\"\r\n]*\"", "\"[^\"\\r\\n]*\"", "\"[^\"\r\n]*\""},
     {"dot-star", "struct.*{", "struct[^\\r\\n]*\\{", "struct[^\r\n]*\\{"},
-    {"whole lines", ".*TODO.*", "[^\\r\\n]*TODO[^\\r\\n]*", "[^\r\n]*TODO[^\r\n]*"},
+    {"whole lines", ".*deprecated.*", "[^\\r\\n]*deprecated[^\\r\\n]*", "[^\r\n]*deprecated[^\r\n]*"},
     {"groups", "\\([a-z_]+\\)->\\([a-z_]+\\)", "([a-z_]+)->([a-z_]+)", "([a-z_]+)->([a-z_]+)"},
     {"back-reference", "\\<\\([a-z]+\\) \\1\\>", "\\b([a-z]+) \\1\\b", "\\<([a-z]+) \\1\\>", false, true},
     {"trailing blanks", "[ \\t]+$", "[ \\t]+\\r", "[ \t]+\r"},

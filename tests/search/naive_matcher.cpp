@@ -87,14 +87,35 @@ struct Machine {
     code[pc] = finalize ? 6 : 4;
   }
 
+  int Literal() {
+    for (int i = 0; i < Byte(pc + 1); ++i, ++d)
+      if (d >= stop || Char(d) != Byte(pc + 2 + i)) return Fail();
+    pc += 2 + Byte(pc + 1);
+    return kMatched;
+  }
+
+  int Finalize() {
+    Point p = points.back();
+    points.pop_back();
+    int loop = Target(pc);
+    if (p.text == d && p.code == Target(loop) && ++emptyRounds > 4096) return kOverflow;
+    pc = loop;
+    return kMatched;
+  }
+
+  int BackRef(int r) {
+    if (end[r] < 0 || start[r] > end[r]) return Fail();
+    for (int i = start[r]; i < end[r]; ++i, ++d)
+      if (d >= stop || Char(d) != Char(i)) return Fail();
+    pc += 2;
+    return kMatched;
+  }
+
   int Step() {
     int op = Byte(pc);
     switch (op) {
       case 1:
-        for (int i = 0; i < Byte(pc + 1); ++i, ++d)
-          if (d >= stop || Char(d) != Byte(pc + 2 + i)) return Fail();
-        pc += 2 + Byte(pc + 1);
-        return kMatched;
+        return Literal();
       case 2:
         if (d > 0 && text[d - 1] != '\n') return Fail();
         break;
@@ -108,14 +129,8 @@ struct Machine {
         if (Push(Target(pc)) == kOverflow) return kOverflow;
         pc += 3;
         return kMatched;
-      case 6: {
-        Point p = points.back();
-        points.pop_back();
-        int loop = Target(pc);
-        if (p.text == d && p.code == Target(loop) && ++emptyRounds > 4096) return kOverflow;
-        pc = loop;
-        return kMatched;
-      }
+      case 6:
+        return Finalize();
       case 7:
         Decide();
         return kMatched;
@@ -137,14 +152,8 @@ struct Machine {
         end[Byte(pc + 1)] = d;
         ++pc;
         break;
-      case 14: {
-        int r = Byte(pc + 1);
-        if (end[r] < 0 || start[r] > end[r]) return Fail();
-        for (int i = start[r]; i < end[r]; ++i, ++d)
-          if (d >= stop || Char(d) != Char(i)) return Fail();
-        ++pc;
-        break;
-      }
+      case 14:
+        return BackRef(Byte(pc + 1));
       case 18:
         if (!IsWord(d) || IsWord(d - 1)) return Fail();
         break;

@@ -59,6 +59,17 @@ TEST(PatternSearch, PassesTheOverflowOn) {
   EXPECT_EQ(Search(".*x", text + "\r\nx", 0, 5003), kMatcherOverflow);
 }
 
+// At place 0 the dormant point of the "+" comes just when the stack is full, grows it, and the attempt fails in
+// good order; at place 1 it comes one point earlier, and the points after it find no room.
+TEST(PatternSearch, DoesNotSkipAnOverflowThatLuckAvoided) {
+  std::string text = std::string(4095, 'a') + "bc";
+  CompiledPattern compiled;
+  ASSERT_EQ(CompilePattern("a*b?.+y", compiled), PatternError::kNone);
+  EXPECT_EQ(MatchAt(compiled, TextView(text), BytePos(0), BytePos(4097)), kNoMatch);
+  EXPECT_EQ(MatchAt(compiled, TextView(text), BytePos(1), BytePos(4097)), kMatcherOverflow);
+  EXPECT_EQ(SearchPattern(compiled, TextView(text), BytePos(0), 4097), kMatcherOverflow);
+}
+
 TEST(PatternSearch, ReadsTwoPiecesAsOne) {
   CompiledPattern compiled;
   ASSERT_EQ(CompilePattern("\\(b+\\)c\\1$", compiled), PatternError::kNone);
