@@ -24,8 +24,8 @@ def shown_path(path):
 class Tarrow(Program):
     """The running program."""
 
-    def __init__(self, stage, directory, words, initialisation):
-        program = BUILD / stage.width / "tarrow.exe"
+    def __init__(self, stage, directory, words, initialisation, program=None):
+        program = program or BUILD / stage.width / "tarrow.exe"
         options = ["-i", windows_path(initialisation)] if initialisation else []
         names = [word if word.startswith("-") else windows_path(directory / word) for word in words]
         super().__init__(stage, [windows_path(program), *options, *names], directory)
@@ -177,10 +177,10 @@ class Scenario(unittest.TestCase):
         workshop.screenshot(self.stage.wine.display, picture)
         print(f"What the screen showed: {picture}\n{self.stage.outline()}")
 
-    def launch(self, *words, initialisation="own"):
-        """Starts Tarrow without waiting for it."""
+    def launch(self, *words, initialisation="own", program=None):
+        """Starts Tarrow, or a copy of it that stands elsewhere, without waiting for it."""
         own = self.initialisation if initialisation == "own" else initialisation
-        program = Tarrow(self.stage, self.folder, words, own)
+        program = Tarrow(self.stage, self.folder, words, own, program)
         self.programs.append(program)
         return program
 
