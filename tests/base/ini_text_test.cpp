@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <random>
+#include <utility>
 
 namespace tarrow {
 namespace {
@@ -132,6 +134,44 @@ TEST(IniText, AnyBytesComeBack) {
     ASSERT_EQ(again.Value("c", "d"), "other") << bytes;
     ini.RemoveSection("a");
     ASSERT_TRUE(IniText(ini.Bytes()).Keys("a").empty()) << bytes;
+  }
+}
+
+// Random changes against a plain map, read back from the bytes after each: what was not changed is still
+// there.
+TEST(IniText, AgreesWithAMapUnderRandomChanges) {
+  std::mt19937 random(3);
+  for (int round = 0; round < 100; ++round) {
+    std::map<std::pair<std::string, std::string>, std::string> model;
+    std::string bytes = round % 2 ? "; head\n\n[s1]\n;c\n\n[s9]\nother=1" : "";
+    for (int step = 0; step < 60; ++step) {
+      IniText ini(bytes);
+      std::string section = "s" + std::to_string(random() % 3), key = "k" + std::to_string(random() % 5);
+      switch (random() % 8) {
+        case 0:
+          ini.RemoveSection(section);
+          std::erase_if(model, [&](auto& entry) { return entry.first.first == section; });
+          break;
+        case 1:
+          ini.RemoveKey(section, key);
+          model.erase({section, key});
+          break;
+        default:
+          model[{section, key}] = std::string(random() % 4, "a\" ="[random() % 4]);
+          ini.SetValue(section, key, model[{section, key}]);
+      }
+      bytes = ini.Bytes();
+      IniText again(bytes);
+      std::size_t count = 0;
+      for (const char* name : {"s0", "s1", "s2"}) count += again.Keys(name).size();
+      ASSERT_EQ(count, model.size()) << bytes;
+      for (auto& [name, value] : model) ASSERT_EQ(again.Value(name.first, name.second), value) << bytes;
+      if (round % 2) {
+        ASSERT_EQ(again.Value("s9", "other"), "1") << bytes;
+        ASSERT_EQ(bytes.find("; head\n"), 0u);
+        ASSERT_NE(bytes.find(";c\n"), std::string::npos) << bytes;
+      }
+    }
   }
 }
 
