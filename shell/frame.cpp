@@ -149,19 +149,8 @@ TextControl* CTwFrame::ActiveText() const {
   return edit ? &edit->Control() : nullptr;
 }
 
-// A search that began in a dialog has moved the caret of a window that is not in front.
-void CTwFrame::PublishActive() {
-  if (auto* child = dynamic_cast<CTwChild*>(ActiveChild())) child->PublishState();
-}
-
-void CTwFrame::OnFind(UINT id) {
-  find_.Run(id);
-  PublishActive();
-}
-
 LRESULT CTwFrame::OnFindNotification(WPARAM, LPARAM l) {
   find_.OnNotification(l);
-  PublishActive();
   return 0;
 }
 

@@ -92,12 +92,11 @@ class CTwFrame final : public CMDIFrameWnd, public Host {
   LRESULT OnShowMenu(WPARAM w, LPARAM l);
   void OnMenuSelect(UINT item, UINT flags, HMENU menu);
   void OnInitMenuPopup(HMENU menu, UINT index, bool isSystemMenu);
-  void OnFind(UINT id);
+  void OnFind(UINT id) { find_.Run(id); }
   CommandState FindCommandState(UINT id) const { return find_.State(id); }
   LRESULT OnFindNotification(WPARAM w, LPARAM l);
   LRESULT OnFindHelp(WPARAM w, LPARAM l);
   TextControl* ActiveText() const;
-  void PublishActive();
   bool OnQueryEndSession();
   void OnEndSession(bool ending);
   void OnClose();

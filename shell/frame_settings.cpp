@@ -29,7 +29,7 @@ void CTwFrame::CreateStatusBar() {
   if (!statusBar_.CreateBar(Handle())) return;
   statusBar_.SetAutoSave(Settings().Has(kSaveWithoutAsking));
   statusBar_.SwitchClock(!Settings().Has(kNoClock));
-  PublishActive();
+  if (auto* child = dynamic_cast<CTwChild*>(ActiveChild())) child->PublishState();
 }
 
 void CTwFrame::LoadKeyBindings() {
