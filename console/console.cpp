@@ -4,13 +4,16 @@
 #include "ui/string_ids.h"
 #include "ui/string_table.h"
 
+#include <algorithm>
 #include <iostream>
 #include <new>
 
 namespace tarrow {
 namespace {
 
-// Tells the progress how much of a file is read.
+constexpr std::size_t kReadAhead = 64 << 10;
+
+// Tells the progress how much of a file is read, and reads ahead for whoever reads in small portions.
 class WatchedSource final : public ByteSource {
  public:
   WatchedSource(std::unique_ptr<ByteSource> source, ProgressDisplay& progress)
@@ -23,16 +26,36 @@ class WatchedSource final : public ByteSource {
   }
 
   std::size_t Read(std::span<char> into) override {
-    std::size_t n = source_->Read(into);
-    progress_.AddRead(n);
-    return n;
+    if (ahead_.empty() && into.size() < kReadAhead) FillBuffer();
+    std::size_t n = std::min(into.size(), ahead_.size());
+    std::copy_n(ahead_.data(), n, into.data());
+    ahead_.remove_prefix(n);
+    return n < into.size() && !ended_ ? n + ReadThrough(into.subspan(n)) : n;
   }
-  void Seek(std::uint64_t position) override { source_->Seek(position); }
+  void Seek(std::uint64_t position) override {
+    source_->Seek(position);
+    ahead_ = {};
+    ended_ = false;
+  }
   std::uint64_t Size() override { return source_->Size(); }
 
  private:
+  void FillBuffer() {
+    if (!buffer_) buffer_ = std::make_unique_for_overwrite<char[]>(kReadAhead);
+    ahead_ = {buffer_.get(), ReadThrough({buffer_.get(), kReadAhead})};
+  }
+  std::size_t ReadThrough(std::span<char> into) {
+    std::size_t n = source_->Read(into);
+    ended_ = n < into.size();
+    progress_.AddRead(n);
+    return n;
+  }
+
   std::unique_ptr<ByteSource> source_;
   ProgressDisplay& progress_;
+  std::unique_ptr<char[]> buffer_;
+  std::string_view ahead_;  // what of the buffer is not yet asked for
+  bool ended_ = false;
 };
 
 constexpr std::size_t kPortion = 64 << 10;

@@ -73,13 +73,13 @@ class Runner:
         return self.connection.recv()
 
 
-def best_of(commands, folder):
+def best_of(commands, folder, output="timed.out"):
     """The quickest run of each of some programs, run in turn until each has run long enough."""
     runs = [[] for _ in commands]
     for _ in range(MOST_RUNS):
         for command, done in zip(commands, runs):
             if sum(run.seconds for run in done) < ENOUGH_SECONDS:
-                done.append(RUNNER.run(command, folder, folder / "timed.out"))
+                done.append(RUNNER.run(command, folder, folder / output))
     return [min(done, key=lambda run: run.seconds) for done in runs]
 
 
@@ -275,7 +275,8 @@ def hex_rows(folder, size):
     own, xxd = [TARROWC, "hex", "text"], ["xxd", "-u", "-g4", "text"]
     rows = [[line[9:] for line in output_of(command, folder).splitlines()] for command in (own, xxd)]
     check(rows[0] == rows[1], "hex rows")
-    own_run, xxd_run = best_of([own, xxd], folder)
+    # Writing five times as much to a file would take both longer than making it.
+    own_run, xxd_run = best_of([own, xxd], folder, os.devnull)
     row(f"hex of {size >> 20} MB", own_run.seconds, "xxd", xxd_run.seconds, "s", 10)
 
 
