@@ -30,7 +30,7 @@ class TextBuffer {
   std::int32_t Size() const { return static_cast<std::int32_t>(bytes_.Size()); }
   BytePos End() const { return BytePos(Size()); }
 
-  // The whole text in one piece with a NUL behind it, valid until the text changes.
+  // The whole text in one piece with a NUL behind it; views taken before are no longer valid.
   std::string_view Contiguous();
 
   // As Contiguous(), at an address that is a multiple of 64 KiB.

@@ -244,6 +244,12 @@ LRESULT TextControl::OnSetFont(WPARAM font, LPARAM redraw) {
 
 void TextControl::SetFont(HFONT font) {
   font_ = std::make_unique<FontWidths>(font);
+  UpdateTabs();
+  if (hasFocus_) MakeCaret();
+}
+
+// Where text stands in its lines has changed.
+void TextControl::UpdateTabs() {
   tabs_ = {};
   for (int units : tabUnits_) tabs_.stops.push_back(std::max(1, units * font_->AverageWidth() / 4));
   tabs_.every = tabs_.stops.empty() ? 8 * font_->AverageWidth() : static_cast<int>(tabs_.stops.back());
@@ -253,12 +259,12 @@ void TextControl::SetFont(HFONT font) {
   column_.reset();
   Invalidate();
   UpdateScrollBars();
-  if (hasFocus_) MakeCaret();
+  PlaceCaret();
 }
 
 void TextControl::SetTabColumns(int columns) {
   tabUnits_.assign(1, 4 * columns);
-  SetFont(font_->Font());
+  UpdateTabs();
 }
 
 void TextControl::MakeCaret() {

@@ -134,6 +134,7 @@ class TextControl final : public CWnd {
   bool OnCreate(const CREATESTRUCTW& create);
   LRESULT OnSetFont(WPARAM font, LPARAM redraw);
   LRESULT OnGetFont(WPARAM, LPARAM) { return reinterpret_cast<LRESULT>(font_->Font()); }
+  void UpdateTabs();
   void MakeCaret();
   void OnFocus(HWND);
   void OnKillFocus(HWND);

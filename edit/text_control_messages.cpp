@@ -148,7 +148,7 @@ LRESULT TextControl::OnSetReadOnly(WPARAM readOnly, LPARAM) {
 LRESULT TextControl::OnSetTabStops(WPARAM count, LPARAM stops) {
   auto units = reinterpret_cast<const UINT*>(stops);
   tabUnits_.assign(units, units + (units ? count : 0));
-  SetFont(font_->Font());
+  UpdateTabs();
   return 1;
 }
 

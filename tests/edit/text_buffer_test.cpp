@@ -68,7 +68,8 @@ TEST(TextBuffer, ContiguousTextEndsWithANulWhereverTheGapWas) {
     buffer.Replace(Range(gap, gap), "x");
     std::string expected = "0123456789";
     expected.insert(expected.begin() + gap, 'x');
-    for (auto text : {buffer.Contiguous(), buffer.ContiguousAligned()}) {
+    for (bool isAligned : {false, true}) {
+      std::string_view text = isAligned ? buffer.ContiguousAligned() : buffer.Contiguous();
       EXPECT_EQ(text, expected);
       EXPECT_EQ(text.data()[text.size()], '\0');
     }
