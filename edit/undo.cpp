@@ -7,7 +7,7 @@ namespace tarrow {
 Undo::Join Undo::JoinOf(TextRange range, std::int32_t inserted, EditKind kind) const {
   if (!place_ || place_->kind != kind) return Join::kNone;
   if (kind == EditKind::kTyping) return range.start == place_->Range().end ? Join::kBehind : Join::kNone;
-  if (kind != EditKind::kDeleting || inserted != 0) return Join::kNone;
+  if (kind != EditKind::kDeleting || inserted != 0 || place_->inserted != 0) return Join::kNone;
   if (range.start == place_->at) return Join::kBehind;
   return range.end == place_->at ? Join::kBefore : Join::kNone;
 }

@@ -32,6 +32,7 @@ const UndoCase kCases[] = {
      "0123456789"},
     {"deleting elsewhere", {{3, 4, "", kDeleting}, {7, 8, "", kDeleting}}, "012456789"},
     {"deleting what was typed", {{3, 3, "ab", kTyping}, {4, 5, "", kDeleting}}, "012ab3456789"},
+    {"deleting behind a replacement", {{3, 4, "ab", kDeleting}, {3, 4, "", kDeleting}}, "012ab456789"},
     {"a command by itself", {{3, 3, "a", kTyping}, {4, 4, "b", kCommand}}, "012a3456789"},
     {"commands one by one", {{3, 3, "a", kCommand}, {4, 4, "b", kCommand}}, "012a3456789"},
     {"typing after a command", {{3, 3, "a", kCommand}, {4, 4, "b", kTyping}}, "012a3456789"},
