@@ -43,7 +43,6 @@ std::size_t ExpandTabs(std::string_view bytes, std::span<char> room, std::size_t
 
 RecordFileOutcome CLineFile::Open(std::unique_ptr<ByteSource> source, const NonAnsiQuestion& question,
                                   Progress* progress) {
-  Close();
   if (!Attach(std::move(source), kLargestFile)) return RecordFileOutcome::kTooLarge;
   RecordFileOutcome outcome = RecordFileOutcome::kNoMemory;
   try {
@@ -60,8 +59,7 @@ RecordFileOutcome CLineFile::Open(std::unique_ptr<ByteSource> source, const NonA
 void CLineFile::Close() {
   CRecordFile::Close();
   offsets_.Clear();
-  current_ = 0;
-  count_ = length_ = 0;
+  length_ = 0;
 }
 
 RecordFileOutcome CLineFile::BuildIndex(const NonAnsiQuestion& question, Progress* progress) {

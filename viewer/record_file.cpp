@@ -6,17 +6,17 @@
 namespace tarrow {
 
 bool CRecordFile::Attach(std::unique_ptr<ByteSource> source, std::uint64_t limit) {
+  Close();
   fileSize_ = source->Size();
   if (fileSize_ > limit) return false;
   source_ = std::move(source);
-  current_ = 0;
-  count_ = 0;
-  Empty(0);
   return true;
 }
 
 void CRecordFile::Close() {
   source_.reset();
+  current_ = 0;
+  count_ = 0;
   Empty(0);
 }
 

@@ -65,7 +65,7 @@ class CRecordFile {
  protected:
   explicit CRecordFile(std::uint32_t length) : length_(length) {}
 
-  // Takes the source over and notes its size; false when that is above `limit`.
+  // Takes the source over in place of the one before and notes its size; false when that is above `limit`.
   [[nodiscard]] bool Attach(std::unique_ptr<ByteSource> source, std::uint64_t limit);
   ByteSource& Source() { return *source_; }
 

@@ -44,6 +44,18 @@ TEST(TarrowcOnPosix, ListsNoDevices) {
   }
 }
 
+#if !defined(TARROW_CHECKED)  // sanitizers need more address space than the limit leaves
+TEST(TarrowcOnPosix, TellsWhenMemoryRunsOut) {
+  TestDirectory directory;
+  directory.Write("newlines", std::string(20'000'000, '\n'));
+  std::vector<std::string> command{"/bin/sh", "-c",
+                                   "ulimit -v 40000; exec " TARROWC_PROGRAM " lines -s newlines"};
+  int code = RunProcess(command, directory.Path(""), kNothing, directory.Path("out"), directory.Path("err"));
+  EXPECT_EQ(code, 1);
+  EXPECT_EQ(directory.Read("err"), "tarrowc lines: newlines: Out of memory on local heap\n");
+}
+#endif
+
 // Waits for a child to end; kills it after ten seconds.
 int WaitFor(pid_t child) {
   int status = 0;

@@ -262,7 +262,10 @@ TEST_F(RecordFile, RefusesWhat32BitsDoNotReach) {
   EXPECT_EQ(bytewise.Open(Source()), RecordFileOutcome::kTooLarge);
   TestSource::claimed = 0x1'0000'0001;
   EXPECT_EQ(rows.Open(Source()), RecordFileOutcome::kTooLarge);
-  EXPECT_FALSE(lines.IsOpen());
+  for (CRecordFile* file : std::initializer_list<CRecordFile*>{&lines, &rows, &bytewise}) {
+    EXPECT_FALSE(file->IsOpen());
+    EXPECT_EQ(file->RecordCount(), 0u);
+  }
 }
 
 }  // namespace
