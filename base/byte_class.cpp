@@ -2,7 +2,6 @@
 
 #include "base/byte_mask.h"
 
-#include <algorithm>
 #include <bit>
 
 #if defined(__SSE2__)
@@ -13,10 +12,6 @@ namespace tarrow {
 
 ByteClass::ByteClass(const std::array<bool, 256>& members) : table_(members) {
   MakeRanges();
-}
-
-int ByteClass::Count() const {
-  return static_cast<int>(std::count(table_.begin(), table_.end(), true));
 }
 
 void ByteClass::MakeRanges() {

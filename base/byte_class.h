@@ -20,7 +20,6 @@ class ByteClass {
 
   bool Has(char c) const { return table_[static_cast<std::uint8_t>(c)]; }
   const std::array<bool, 256>& Members() const { return table_; }
-  int Count() const;
 
   // The offset of the first byte of `text` that is a member, or that is none; `text.size()` without any.
   std::size_t FindFirst(std::string_view text) const { return Find<true>(text); }
