@@ -20,7 +20,10 @@ class TestDirectory {
   TestDirectory();
   ~TestDirectory();
 
-  std::filesystem::path Path(std::string_view name) const { return path_ / name; }
+  // `name` is UTF-8.
+  std::filesystem::path Path(std::string_view name) const {
+    return path_ / std::u8string(name.begin(), name.end());
+  }
   void Write(std::string_view name, std::string_view bytes) const;
   std::string Read(std::string_view name) const;
 

@@ -15,7 +15,9 @@ HANDLE OpenStream(const std::filesystem::path& path, bool write) {
 std::wstring CommandLine(const std::vector<std::string>& command) {
   std::wstring line;
   for (const std::string& word : command)
-    line.append(L"\"").append(std::filesystem::path(word).wstring()).append(L"\" ");
+    line.append(L"\"")
+        .append(std::filesystem::path(std::u8string(word.begin(), word.end())).wstring())
+        .append(L"\" ");
   return line;
 }
 
