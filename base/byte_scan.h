@@ -15,8 +15,8 @@ std::size_t FindByte(std::string_view text, char byte);
 std::size_t FindEitherByte(std::string_view text, char first, char second);
 std::size_t CountByte(std::string_view text, char byte);
 
-// Counts `byte` and tells whether there may be long stretches without it: certainly so when one has 256 bytes,
-// certainly not when none has 129.
+// Counts `byte` and tells whether there may be long stretches without it: certainly so when one has 256
+// bytes, certainly not when none has 129.
 struct ByteCount {
   std::size_t count = 0;
   bool hasLongGap = false;

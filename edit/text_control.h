@@ -83,8 +83,8 @@ class TextControl final : public CWnd {
   // line.
   bool Type(char32_t code);
 
-  // False also when there is nothing to undo or the control is read-only. The text that comes back is selected; after the undo of a list,
-  // what was selected before it.
+  // False also when there is nothing to undo or the control is read-only. The text that comes back is
+  // selected; after the undo of a list, what was selected before it.
   bool UndoLast();
   bool CanUndo() const { return buffer_.CanUndo(); }
   void EmptyUndo() { buffer_.EmptyUndo(); }

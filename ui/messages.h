@@ -5,8 +5,8 @@
 
 namespace tarrow {
 
-// Posted to the frame: which menu bar to show (wParam is a MenuBar). Posted, since the menu must not change while
-// windows are being activated.
+// Posted to the frame: which menu bar to show (wParam is a MenuBar). Posted, since the menu must not change
+// while windows are being activated.
 inline constexpr UINT kShowMenuMessage = WM_USER + 2;
 
 // The menu bars by their old resource numbers.

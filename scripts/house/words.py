@@ -5,10 +5,10 @@ import re
 ANYWHERE = {
     re.compile(r"(?<![\w.}*])/(?:work|root|home)/\w"): "a path of one machine",
     re.compile(r"(?<![\w.}*])/tmp/\w"): "a path of one machine",
-    re.compile(r"\b(?:TODO|FIXME|XXX)\b"): "something left undone",
 }
 # In code these may be names; what a person reads must stand by itself.
 IN_PROSE = {
+    re.compile(r"\b(?:TODO|FIXME|XXX)\b"): "something left undone",
     re.compile(r"\bspecs?\b|\bas specified\b|\bspecification\b", re.IGNORECASE): "speaks of a document outside",
     re.compile(r"\bParts? \d+\.\d+\b|\bissue #?\d+\b", re.IGNORECASE): "speaks of a document outside",
 }

@@ -9,7 +9,8 @@
 
 namespace tarrow::probe {
 
-// The text of a window or control, cut after 4096 characters; empty when its program does not answer within two seconds.
+// The text of a window or control, cut after 4096 characters; empty when its program does not answer within
+// two seconds.
 [[nodiscard]] std::string TextOf(HWND window);
 
 // Sends a message and gives the answer, or -1 when the program does not answer in time.

@@ -267,8 +267,8 @@ TEST(Settings, OfAProjectThatCannotBeWrittenAreReadAndTheGlobalOnesSaved) {
 TEST(Settings, HugeAndBinaryFilesAreReadInSensibleTime) {
   MemoryFiles files;
   for (int i = 0; i < 10'000; ++i)
-    files.global += "[Section " + std::to_string(i) + "]\r\nKey=some value\r\n[Key Bindings]\r\nx=" +
-                    std::string(1000, 'v') + "\r\n";
+    files.global += "[Section " + std::to_string(i) +
+                    "]\r\nKey=some value\r\n[Key Bindings]\r\nx=" + std::string(1000, 'v') + "\r\n";
   files.global += "[Settings]\r\nTabSize=3\r\n";
   ProgramRun huge(files);
   EXPECT_EQ(huge.settings.global.tabSize, 3);
