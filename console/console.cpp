@@ -111,6 +111,8 @@ void Console::ForEachFile(const std::vector<std::string>& names,
 
 void Console::Complain(std::string_view text) {
   failed_ = true;
+  // What was found before the failure stands before it where both go to the same place.
+  out_.Flush();
   progress_.Clear();
   WriteTo(Stream::kError,
           std::string("tarrowc ").append(command_).append(": ").append(text).append(kNewLine));
