@@ -1,9 +1,11 @@
 #include "search/pattern_search.h"
 
+#include "base/exceptions.h"
 #include "search/regex_compiler.h"
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <string>
 
 namespace tarrow {
@@ -59,8 +61,8 @@ TEST(PatternSearch, PassesTheOverflowOn) {
   EXPECT_EQ(Search(".*x", text + "\r\nx", 0, 5003), kMatcherOverflow);
 }
 
-// At place 0 the dormant point of the "+" comes just when the stack is full, grows it, and the attempt fails in
-// good order; at place 1 it comes one point earlier, and the points after it find no room.
+// At place 0 the dormant point of the "+" comes just when the stack is full, grows it, and the attempt fails
+// in good order; at place 1 it comes one point earlier, and the points after it find no room.
 TEST(PatternSearch, DoesNotSkipAnOverflowThatLuckAvoided) {
   std::string text = std::string(4095, 'a') + "bc";
   CompiledPattern compiled;
@@ -82,6 +84,43 @@ TEST(PatternSearch, ReadsTwoPiecesAsOne) {
     EXPECT_EQ(registers.end[0], 9);
     EXPECT_EQ(registers.start[1], 4);
     EXPECT_EQ(registers.end[1], 6);
+  }
+}
+
+class Impatient final : public Progress {
+ public:
+  void Poll() override { throw CYieldException(); }
+};
+
+// Each of these would take minutes or years, one long attempt or many short ones.
+TEST(PatternSearch, CanBeInterruptedWhateverThePattern) {
+  std::string manyWays;
+  for (int i = 0; i < 30; ++i) manyWays += "x?";
+  manyWays += std::string(30, 'x') + "y";
+  std::string line(3800, 'x'), lines;
+  while (lines.size() < 4'000'000) lines += line + "\r\n";
+  std::string flat = std::string(59, 'x') + "\r\n" + std::string(4'000'000, 'x');
+  struct {
+    std::string pattern;
+    const std::string& text;
+    int direction;
+  } const kRows[] = {
+      {manyWays, flat, -1},
+      {"\\(.*\\)\\1y", lines, 1},
+      {"\\(x*\\)\\1y", flat, 1},
+      {".*.*.*.*y", lines, -1},
+  };
+  for (auto& row : kRows) {
+    CompiledPattern compiled;
+    ASSERT_EQ(CompilePattern(row.pattern, compiled), PatternError::kNone);
+    TextView view(row.text);
+    Impatient progress;
+    BytePos start = row.direction > 0 ? BytePos(0) : view.End();
+    auto began = std::chrono::steady_clock::now();
+    EXPECT_THROW((void)SearchPattern(compiled, view, start, row.direction * view.Size(), nullptr, &progress),
+                 CYieldException)
+        << row.pattern;
+    EXPECT_LT(std::chrono::steady_clock::now() - began, std::chrono::seconds(2)) << row.pattern;
   }
 }
 
