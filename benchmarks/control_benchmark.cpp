@@ -114,6 +114,18 @@ void Keys(HWND parent, const std::vector<std::size_t>& megabytes) {
   }
 }
 
+// A text without line ends is one line; the key is typed at its end.
+void KeyInALongLine(HWND parent, std::size_t megabytes) {
+  std::string text, beginning = "short";
+  while (text.size() < megabytes << 20) text += "for (;;) total += values[i];\t";
+  Ours ours(parent, text), shortLine(parent, beginning);
+  Platforms platforms(parent, beginning);
+  double key = KeyAt(ours, text.size(), 80), shortKey = KeyAt(shortLine, beginning.size(), 80);
+  Row({"one key in a text of one word", shortKey, "EDIT", KeyAt(platforms, beginning.size(), 80), "s", 1});
+  Row({"one key at the end of a line of " + std::to_string(megabytes) + " MB", key, "Tarrow in a short line",
+       shortKey, "s", 0.2});
+}
+
 template <typename Control>
 double ReplaceFromTopToBottom(Control& control, int replacements, std::size_t step) {
   return Seconds([&] {
@@ -157,9 +169,11 @@ int main(int argc, char** argv) {
   Parent parent;
   if (IsQuick(argc, argv)) {
     Keys(parent.Handle(), {1});
+    KeyInALongLine(parent.Handle(), 1);
     Replacements(parent.Handle(), 1, 1000, 20);
   } else {
     Keys(parent.Handle(), {1, 10, 100});
+    KeyInALongLine(parent.Handle(), 100);
     Replacements(parent.Handle(), 10, 10'000, 200);
   }
 }

@@ -16,7 +16,7 @@ FontWidths::FontWidths(HFONT font)
   averageWidth_ = std::max<int>(1, metrics.tmAveCharWidth);
   for (char32_t code = 0; code < ascii_.size(); ++code) ascii_[code] = Measure(dc, DisplayedCode(code));
   bool isFixed = std::all_of(ascii_.begin(), ascii_.end(), [&](int width) { return width == ascii_['x']; });
-  if (isFixed) commonWidth_ = ascii_['x'];
+  if (isFixed) averageWidth_ = commonWidth_ = ascii_['x'];
 }
 
 int FontWidths::Measure(HDC dc, char32_t code) const {

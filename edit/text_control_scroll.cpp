@@ -12,9 +12,13 @@
 namespace tarrow {
 namespace {
 
-// Sets a bar only where something differs, and never one that the window does not have: that would show it.
+// Sets a bar only where something differs, for that draws it, and never one that the window does not have,
+// for that would show it. The system keeps page and position within the range, so they are put there first: a
+// text shorter than the window would differ with every key.
 void SetBar(HWND window, int bar, LONG style, std::int64_t last, std::int64_t page, std::int64_t position) {
   if (!(::GetWindowLongW(window, GWL_STYLE) & style)) return;
+  page = std::min(page, last + 1);
+  position = std::min(position, last + 1 - page);
   SCROLLINFO old{}, info{};
   old.cbSize = info.cbSize = sizeof info;
   old.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;

@@ -207,6 +207,20 @@ TEST(TextControlKeys, TellsItsParentWhatHappens) {
   EXPECT_GE(host.notified[EN_HSCROLL], 1);
 }
 
+TEST(TextControlKeys, WhereMemoryEndsTheTextStaysAndTheParentIsTold) {
+  ControlHost host;
+  ReservedMemory::SetPermission([] { return false; });
+  EXPECT_FALSE(host.control.ReplaceSelection("text"));
+  host.Type(u"x");
+  ReservedMemory::SetPermission(nullptr);
+  EXPECT_EQ(host.Content(), "");
+  EXPECT_EQ(host.notified[EN_ERRSPACE], 2);
+  EXPECT_EQ(host.notified[EN_CHANGE], 0);
+  EXPECT_FALSE(host.control.IsModified());
+  host.Type(u"x");
+  EXPECT_EQ(host.Content(), "x");
+}
+
 TEST(TextControlMouse, ClicksDragsAndShiftClicksSelect) {
   ControlHost host;
   host.SetText("one two\r\nthree");
