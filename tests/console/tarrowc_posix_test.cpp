@@ -10,6 +10,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <functional>
 #include <random>
 
 namespace tarrow {
@@ -69,8 +70,10 @@ int WaitFor(pid_t child) {
   return -1;
 }
 
-// Starts tarrowc with its standard error in a pipe, waits until it has written to its output, interrupts it.
-int Interrupt(std::vector<const char*> words, std::string& err) {
+// Starts tarrowc, waits until it has begun to write to its output, which is a pipe and soon full, and
+// disturbs it.
+int RunDisturbed(std::vector<const char*> words, const std::function<void(pid_t)>& disturb,
+                 std::string& err) {
   int out[2], errors[2];
   if (pipe(out) != 0 || pipe(errors) != 0) return -1;
   words.insert(words.begin(), TARROWC_PROGRAM);
@@ -85,7 +88,7 @@ int Interrupt(std::vector<const char*> words, std::string& err) {
   close(out[1]);
   close(errors[1]);
   char bytes[4096];
-  if (read(out[0], bytes, sizeof bytes) > 0) kill(child, SIGINT);
+  if (read(out[0], bytes, sizeof bytes) > 0) disturb(child);
   while (read(out[0], bytes, sizeof bytes) > 0) {
   }
   for (ssize_t n; (n = read(errors[0], bytes, sizeof bytes)) > 0;)
@@ -99,8 +102,23 @@ TEST(TarrowcOnPosix, EndsCleanlyWhenInterrupted) {
   for (const std::vector<const char*>& words : std::vector<std::vector<const char*>>{
            {"strings", "-e", "[^x]", "/dev/zero"}, {"compare", "/dev/zero", "/dev/null"}}) {
     std::string err;
-    EXPECT_EQ(Interrupt(words, err), 130);
+    EXPECT_EQ(RunDisturbed(
+                  words, [](pid_t child) { kill(child, SIGINT); }, err),
+              130);
     EXPECT_EQ(err, std::string("tarrowc ") + words[0] + ": Operation cancelled!\n");
+  }
+}
+
+TEST(TarrowcOnPosix, TellsWhenAFileShrinksWhileItIsListed) {
+  TestDirectory directory;
+  directory.Write("f", std::string(3'000'000, '\n'));
+  std::string name = directory.Path("f").string();
+  for (const char* command : {"lines", "hex"}) {
+    std::string err;
+    auto shrink = [&](pid_t) { std::filesystem::resize_file(name, 2'000'000); };
+    EXPECT_EQ(RunDisturbed({command, name.c_str()}, shrink, err), 1);
+    EXPECT_EQ(err, std::string("tarrowc ") + command + ": " + name + ": has shrunk while it was read\n");
+    std::filesystem::resize_file(name, 3'000'000);
   }
 }
 
