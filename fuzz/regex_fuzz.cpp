@@ -54,7 +54,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (tarrow::CompilePattern(source, pattern) != tarrow::PatternError::kNone) return 0;
   Require(pattern.code.empty() == tarrow::DumpPattern(pattern).empty());
   // A long run now and then reaches the limits of the failure stack.
-  if (data[0] & 2) text += std::string(4090 + data[0] / 16, data[0] & 4 ? 'a' : ' ');
+  if ((data[0] & 14) == 2) text += std::string(4090 + data[0] / 16, text.empty() ? 'a' : text.back());
   auto textSize = static_cast<int>(text.size());
   std::size_t gap = text.empty() ? 0 : data[1] % (text.size() + 1);
   int start = text.empty() ? 0 : data[2] % (textSize + 1);
