@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <functional>
 
 namespace tarrow {
 namespace {
@@ -56,8 +57,14 @@ LRESULT TextControl::OnSetSel(WPARAM start, LPARAM end) {
   return 1;
 }
 
+// The text handed in may be the control's own, as EM_GETHANDLE gives it; that one must not move while it is
+// read.
 LRESULT TextControl::OnReplaceSel(WPARAM canUndo, LPARAM text) {
   auto bytes = reinterpret_cast<const char*>(text);
+  std::string_view own = View().head;
+  std::string copy;
+  if (std::less_equal<>()(own.data(), bytes) && std::less_equal<>()(bytes, own.data() + own.size()))
+    bytes = (copy = bytes).c_str();
   return ReplaceSelection(bytes ? bytes : "", canUndo ? EditKind::kTyping : EditKind::kForgotten);
 }
 

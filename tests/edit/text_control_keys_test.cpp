@@ -256,6 +256,23 @@ TEST(TextControlMouse, ADoubleClickTakesAWordAndDraggingKeepsIt) {
   host.Mouse(WM_LBUTTONUP, at(1));
 }
 
+TEST(TextControlMouse, DraggingBeyondTheEdgeScrollsWhileTheMouseRests) {
+  ControlHost host;
+  std::string text;
+  for (int i = 0; i < 200; ++i) text += "line\r\n";
+  host.SetText(text);
+  host.Mouse(WM_LBUTTONDOWN, {1, 1}, MK_LBUTTON);
+  POINT below{20, 430};
+  ::ClientToScreen(host.control.Handle(), &below);
+  ::SetCursorPos(below.x, below.y);
+  ASSERT_TRUE(PumpUntil([&] { return host.control.TopLine() >= LineNo(20); }));
+  EXPECT_EQ(host.control.Selection().start, BytePos(0));
+  host.Mouse(WM_LBUTTONUP, {20, 430});
+  LineNo top = host.control.TopLine();
+  host.control.Send(WM_TIMER, 1);
+  EXPECT_EQ(host.control.TopLine(), top);
+}
+
 TEST(TextControlMouse, ARightClickIsTheParents) {
   ControlHost host;
   host.Mouse(WM_RBUTTONDOWN, {30, 40});

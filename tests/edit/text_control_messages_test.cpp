@@ -198,6 +198,15 @@ TEST(TextControlMessages, TheLockedHandleIsTheTextWithANulBehindIt) {
   ::LocalUnlock(handle);
 }
 
+TEST(TextControlMessages, TheTextMayBeReplacedByItself) {
+  ControlHost host;
+  host.SetText("one\r\ntwo");
+  LRESULT text = host.control.Send(EM_GETHANDLE);
+  host.control.Select(BytePos(1), BytePos(1));
+  ::SendMessageA(host.control.Handle(), EM_REPLACESEL, TRUE, text);
+  EXPECT_EQ(host.Content(), "oone\r\ntwone\r\ntwo");
+}
+
 TEST(TextControlMessages, ASetHandleGivesTheTextAway) {
   ControlHost host;
   HLOCAL block = ::LocalAlloc(LMEM_MOVEABLE, 9);
