@@ -60,12 +60,12 @@ LRESULT TextControl::OnSetSel(WPARAM start, LPARAM end) {
 // The text handed in may be the control's own, as EM_GETHANDLE gives it; that one must not move while it is
 // read.
 LRESULT TextControl::OnReplaceSel(WPARAM canUndo, LPARAM text) {
-  auto bytes = reinterpret_cast<const char*>(text);
+  auto bytes = text ? reinterpret_cast<const char*>(text) : "";
   std::string_view own = View().head;
   std::string copy;
   if (std::less_equal<>()(own.data(), bytes) && std::less_equal<>()(bytes, own.data() + own.size()))
     bytes = (copy = bytes).c_str();
-  return ReplaceSelection(bytes ? bytes : "", canUndo ? EditKind::kTyping : EditKind::kForgotten);
+  return ReplaceSelection(bytes, canUndo ? EditKind::kTyping : EditKind::kForgotten);
 }
 
 // The handle is the address of the text, which is what a handle to fixed memory is: LocalLock returns it.

@@ -207,6 +207,18 @@ TEST(TextControlMessages, TheTextMayBeReplacedByItself) {
   EXPECT_EQ(host.Content(), "oone\r\ntwone\r\ntwo");
 }
 
+TEST(TextControlMessages, NoTextIsAnEmptyText) {
+  ControlHost host;
+  host.control.Send(EM_REPLACESEL, TRUE, 0);
+  EXPECT_EQ(host.Content(), "");
+  host.SetText("abc");
+  host.control.Select(BytePos(0), BytePos(2));
+  host.control.Send(EM_REPLACESEL, TRUE, 0);
+  EXPECT_EQ(host.Content(), "c");
+  host.control.Send(WM_SETTEXT, 0, 0);
+  EXPECT_EQ(host.Content(), "");
+}
+
 TEST(TextControlMessages, ASetHandleGivesTheTextAway) {
   ControlHost host;
   HLOCAL block = ::LocalAlloc(LMEM_MOVEABLE, 9);
