@@ -15,8 +15,10 @@ namespace {
 
 constexpr int kMargin = 8;  // pixels, left of the control
 
-const WindowClass kClass{L"TarrowFileEdit", CS_DBLCLKS, 32512, reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1),
-                         IDI_EDIT};
+// Drawn anew at every size: where one maximised window takes the place of another, Wine would keep pixels
+// that belonged to the other.
+const WindowClass kClass{L"TarrowFileEdit", CS_DBLCLKS | CS_HREDRAW | CS_VREDRAW, 32512,
+                         reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1), IDI_EDIT};
 
 // Windows without a name are numbered for the life of the program; no number comes twice.
 int untitledWindows = 0;
