@@ -105,11 +105,11 @@ class FindAndReplace(Scenario):
 
     def test_replace_all_with_registers_is_one_undo(self):
         program, path = self.open("a.txt", b"a1 b2 c3\r\n")
-        self.find(program, "F8", "\\([a-z]\\)\\([0-9]\\)")
+        dialog = self.find(program, "F8", "\\([a-z]\\)\\([0-9]\\)")
         self.stage.keys("Tab")
         self.stage.type("\\2\\u\\1")
-        dialog = program.dialog("Replace")
-        program.push(dialog, "Replace All")
+        self.stage.keys("Alt+a")
+        program.wait_text("1A 2B 3C\r\n")
         self.stage.keys("Escape")
         program.wait_gone(dialog)
         program.wait_focus_back()
