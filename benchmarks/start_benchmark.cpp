@@ -1,8 +1,7 @@
-// From the start of a program until it has painted its windows and waits for its user: Tarrow with a file of
-// 1 MB beside the platform's notepad with the same file, and with a small file beside a bare MDI program.
+// From the start of a program until it has painted its windows: Tarrow with a file of 1 MB beside the
+// platform's notepad with the same file, and with a small file beside a bare MDI program.
 //
-// A program waits when its first message queue is empty, painting included: that is what WaitForInputIdle
-// tells.
+// A program is there when it shows a window, answers messages and has nothing left to paint.
 #include "benchmarks/report.h"
 
 #include "framework/unicode.h"
@@ -25,21 +24,47 @@ struct Start {
 
 struct WindowSearch {
   DWORD process;
-  bool found;
+  HWND found;
 };
 
 BOOL CALLBACK LookAt(HWND window, LPARAM search) {
   auto& looking = *reinterpret_cast<WindowSearch*>(search);
   DWORD owner = 0;
   GetWindowThreadProcessId(window, &owner);
-  looking.found = looking.found || (owner == looking.process && IsWindowVisible(window));
-  return !looking.found;
+  if (owner == looking.process && IsWindowVisible(window)) looking.found = window;
+  return looking.found == nullptr;
 }
 
-bool HasVisibleWindow(DWORD process) {
-  WindowSearch search{process, false};
+// The visible main window of a process; null while there is none.
+HWND MainWindowOf(DWORD process) {
+  WindowSearch search{process, nullptr};
   EnumWindows(LookAt, reinterpret_cast<LPARAM>(&search));
   return search.found;
+}
+
+bool WaitsToBePainted(HWND window) {
+  if (GetUpdateRect(window, nullptr, FALSE)) return true;
+  for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+    if (IsWindowVisible(child) && WaitsToBePainted(child)) return true;
+  return false;
+}
+
+// Whether the process shows a window, looks at its messages, and has painted all that it shows.
+bool IsReady(DWORD process) {
+  const HWND window = MainWindowOf(process);
+  DWORD_PTR answer = 0;
+  return window && SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, 5000, &answer) &&
+         !WaitsToBePainted(window);
+}
+
+// False when it takes longer than half a minute.
+bool WaitUntilReady(DWORD process) {
+  const DWORD began = GetTickCount();
+  while (!IsReady(process)) {
+    if (GetTickCount() - began > 30000) return false;
+    Sleep(1);
+  }
+  return true;
 }
 
 Start StartOnce(const std::wstring& command) {
@@ -47,21 +72,22 @@ Start StartOnce(const std::wstring& command) {
   STARTUPINFOW startup = {};
   startup.cb = sizeof startup;
   PROCESS_INFORMATION process = {};
+  bool isReady = false;
   Start start;
   start.seconds = Seconds([&] {
-    Check(CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                         &process) != 0,
-          "the program starts");
-    Check(WaitForInputIdle(process.hProcess, 30000) == 0, "the program comes to wait for its user");
+    isReady = CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                             &process) &&
+              WaitUntilReady(process.dwProcessId);
   });
-  Check(HasVisibleWindow(process.dwProcessId), "the program shows a window");
   PROCESS_MEMORY_COUNTERS memory = {};
-  Check(GetProcessMemoryInfo(process.hProcess, &memory, sizeof memory) != 0, "its memory can be told");
+  GetProcessMemoryInfo(process.hProcess, &memory, sizeof memory);
   start.megabytes = static_cast<double>(memory.WorkingSetSize) / (1 << 20);
   TerminateProcess(process.hProcess, 0);
   WaitForSingleObject(process.hProcess, 30000);
   CloseHandle(process.hThread);
   CloseHandle(process.hProcess);
+  Check(isReady, "the program shows its window");
+  Check(start.megabytes > 0, "the memory of a program can be told");
   return start;
 }
 

@@ -4,6 +4,7 @@ Everything made here lies under build/. Processes that are started are stopped a
 """
 
 import contextlib
+import fcntl
 import os
 import pathlib
 import signal
@@ -97,7 +98,19 @@ class Wine:
         self.environment = os.environ | {
             "WINEPREFIX": str(self.prefix), "DISPLAY": display, "WINEDEBUG": "-all",
             "WINEDLLOVERRIDES": "mscoree=;mshtml=;winemenubuilder.exe="}
+        self.lock = self._lock()
         self._create_prefix()
+
+    def _lock(self):
+        """One command at a time: each ends every program of the prefix when it ends."""
+        BUILD.mkdir(exist_ok=True)
+        lock = self.prefix.with_suffix(".lock").open("w")
+        try:
+            fcntl.flock(lock, fcntl.LOCK_EX | fcntl.LOCK_NB)
+        except BlockingIOError:
+            print(f"Waiting for another command that uses {self.prefix} ...", flush=True)
+            fcntl.flock(lock, fcntl.LOCK_EX)
+        return lock
 
     def _create_prefix(self):
         ready = self.prefix / "ready"
@@ -134,6 +147,7 @@ class Wine:
             yield self
         finally:
             self.stop()
+            self.lock.close()
 
     def stop(self):
         """Ends every program of this prefix."""
