@@ -105,8 +105,10 @@ void CTwChild::OnSize(UINT kind, int, int) {
   if (Has(kTextWindow) && !Has(kUntitled)) ShowTitle(kind == SIZE_MINIMIZED);
 }
 
+// Setting the title of a maximised window draws the frame anew, so it is set only when it changes.
 void CTwChild::ShowTitle(bool minimised) {
-  SetText(minimised ? MinimisedTitle(path_) : path_);
+  std::string title = minimised ? MinimisedTitle(path_) : path_;
+  if (title != Text()) SetText(title);
 }
 
 void CTwChild::OnMdiActivate(HWND deactivated, HWND activated) {

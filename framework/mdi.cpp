@@ -45,7 +45,10 @@ bool CMDIFrameWnd::ForEachChild(const std::function<bool(CMDIChildWnd&)>& visit)
 // The client window writes the title when that of the child is set; Wine forgets to when a child is created
 // maximised or activated while the client window is hidden.
 void CMDIFrameWnd::RefreshTitle() const {
-  if (CMDIChildWnd* active = ActiveChild()) active->SetText(active->Text());
+  CMDIChildWnd* active = ActiveChild();
+  if (!active || !ActiveChildIsMaximised()) return;
+  std::string title = active->Text();
+  if (Text().find(title) == std::string::npos) active->SetText(title);
 }
 
 void CMDIFrameWnd::ActivateChild(CMDIChildWnd& child) {

@@ -61,8 +61,9 @@ bool MenuBars::Show(const CMDIFrameWnd& frame, MenuBar bar) {
 void MenuBars::EnableProject(const CMDIFrameWnd& frame, bool enable) const {
   UINT place = current_ == MenuBar::kEdit ? kEditProjectPopup : kNoDocumentProjectPopup;
   if (frame.ActiveChild() && frame.ActiveChildIsMaximised()) ++place;
-  ::EnableMenuItem(Installed(), place, MF_BYPOSITION | (enable ? MF_ENABLED : MF_GRAYED));
-  ::DrawMenuBar(frame.Handle());
+  UINT state = enable ? MF_ENABLED : MF_GRAYED;
+  auto before = static_cast<UINT>(::EnableMenuItem(Installed(), place, MF_BYPOSITION | state));
+  if (before != state) ::DrawMenuBar(frame.Handle());
 }
 
 void MenuBars::SetKeyText(UINT command, std::string_view keyText) const {
