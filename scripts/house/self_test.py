@@ -20,7 +20,8 @@ CLEAN = {
     "ui/bar.h": "#pragma once\n",
 }
 
-# What is planted, and the rule that has to find it.
+# What is planted, and the rule that has to find it. Forbidden words are written in pieces, so that this file
+# holds none of them.
 FAULTS = [
     ("direction of includes", {"base/text.h": '#include "ui/bar.h"\n'}),
     ("direction of includes", {"framework/wnd.h": '#include "shell/app.h"\n'}),
@@ -34,9 +35,9 @@ FAULTS = [
     ("file sizes", {"scripts/long.py": "\n" * 601}),
     ("function sizes", {"base/text.h": "inline void Long() {\n" + "  Step();\n" * 59 + "}\n"}),
     ("function sizes", {"scripts/long.py": "def long():\n" + "    step()\n" * 60}),
-    ("words", {"base/text.h": "// as the spec says\n"}),
-    ("words", {"README.md": "see Part 3.1\n"}),
-    ("words", {"base/text.cpp": 'const char* kPath = "/work/wt/a";\n'}),
+    ("words", {"base/text.h": "// as the " + "sp" + "ec says\n"}),
+    ("words", {"README.md": "see " + "Part" + " 3.1\n"}),
+    ("words", {"base/text.cpp": 'const char* kPath = "/wo' + 'rk/wt/a";\n'}),
     ("words", {"base/text.h": "// TODO: more\n"}),
     ("every source is built", {"base/lost.cpp": "\n"}),
     ("every source is built", {"base/window.cpp": "\n"}),
