@@ -52,7 +52,7 @@ class EditingCommands(Scenario):
             elif flag in FLAG_COMMANDS:
                 program.command(FLAG_COMMANDS[flag])
         self.stage.probe.ask("send", edit.handle, EM_SETSEL, *case.selection)
-        self.run_command(program, case.command)
+        self.run_command(program, edit, case.command)
         self.stage.wait(lambda: self.selection(edit) == case.selection_after,
                         f"{case.name}: the selection {case.selection_after}, not {self.selection(edit)}", seconds=5)
         if case.after == case.before:
@@ -62,18 +62,25 @@ class EditingCommands(Scenario):
             program.save()
             self.wait_content(path, case.after)
 
-    def run_command(self, program, command):
+    def run_command(self, program, edit, command):
         if command in ("Enter", "Home"):
             self.stage.keys(command)
         elif command == "DoubleClick":
-            self.double_click_at_caret()
+            self.double_click_at_caret(edit)
         elif command.startswith("Type "):
             self.stage.type(command.removeprefix("Type "))
         else:
             program.command(command)
 
-    def double_click_at_caret(self):
-        left, top, _, bottom = self.stage.probe.ask("focus")["caretOnScreen"]
+    def double_click_at_caret(self, edit):
+        seen = [None, None]
+
+        def standing():
+            """The caret's place, once it is in the text and two looks in a row agree on it."""
+            focus = self.stage.probe.ask("focus")
+            seen[:] = seen[1], focus["caretOnScreen"] if focus["caretWindow"] == edit.handle else None
+            return seen[1] if seen[0] == seen[1] else None
+        left, top, _, bottom = self.stage.wait(standing, "the caret in the text")
         self.stage.click(left + 1, (top + bottom) // 2, "double")
 
     def selection(self, edit):
