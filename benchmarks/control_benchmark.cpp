@@ -1,6 +1,6 @@
 // The control beside the platform's multi-line edit control: what a key costs anywhere in texts of 1, 10 and
 // 100 MB, repaint included, and 10,000 replacements from top to bottom.
-#include "edit/text_control.h"
+#include "edit/control/text_control.h"
 
 #include "benchmarks/report.h"
 #include "framework/handle.h"

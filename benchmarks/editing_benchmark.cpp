@@ -1,9 +1,9 @@
 // Replace All and Shift Right, found, collected and applied to the text of a window, beside loops written by
 // hand that copy the text with the same changes.
-#include "edit/shift_lines.h"
-#include "edit/text_buffer.h"
-#include "search/find_pattern.h"
-#include "search/replace_all.h"
+#include "edit/commands/shift_lines.h"
+#include "edit/text/text_buffer.h"
+#include "search/find/replace_all.h"
+#include "search/pattern/find_pattern.h"
 
 #include "benchmarks/report.h"
 

@@ -1,10 +1,10 @@
 // The same changes in a text control and in the platform's multi-line edit control, where each is a selection
 // and an EM_REPLACESEL, as a program without a list of replacements would do it.
 #include "benchmarks/report.h"
-#include "edit/shift_lines.h"
-#include "edit/text_control.h"
-#include "search/find_pattern.h"
-#include "search/replace_all.h"
+#include "edit/commands/shift_lines.h"
+#include "edit/control/text_control.h"
+#include "search/find/replace_all.h"
+#include "search/pattern/find_pattern.h"
 
 #include <functional>
 

@@ -1,9 +1,9 @@
 // Loading and saving a large file by the system's own calls, beside the system's copying of it.
 #include "benchmarks/report.h"
 #include "benchmarks/source_text.h"
-#include "edit/file_load.h"
-#include "edit/file_save.h"
-#include "edit/save_disk.h"
+#include "edit/files/file_load.h"
+#include "edit/files/file_save.h"
+#include "edit/files/save_disk.h"
 #include "framework/directories.h"
 #include "framework/file.h"
 #include "framework/file_system.h"

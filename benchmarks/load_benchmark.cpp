@@ -2,8 +2,8 @@
 #include "benchmarks/posix_files.h"
 #include "benchmarks/report.h"
 #include "benchmarks/source_text.h"
-#include "edit/file_load.h"
-#include "edit/file_save.h"
+#include "edit/files/file_load.h"
+#include "edit/files/file_save.h"
 
 #include <filesystem>
 #include <fstream>

@@ -1,7 +1,7 @@
 // Files of this machine, as the engines take them: for benchmarks that load and save real files.
 #pragma once
 
-#include "edit/safe_save.h"
+#include "edit/files/safe_save.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

@@ -7,8 +7,8 @@
 
 #include "benchmarks/c_text.h"
 #include "benchmarks/report.h"
-#include "search/find_pattern.h"
-#include "search/pattern_search.h"
+#include "search/pattern/find_pattern.h"
+#include "search/pattern/pattern_search.h"
 
 #define PCRE2_CODE_UNIT_WIDTH 8
 #include <pcre2.h>

@@ -1,5 +1,5 @@
 // The text buffer beside a plain string and hand-written loops: keys, replacements, lists of them, lines.
-#include "edit/text_buffer.h"
+#include "edit/text/text_buffer.h"
 
 #include "base/byte_scan.h"
 #include "benchmarks/report.h"

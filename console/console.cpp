@@ -1,8 +1,8 @@
 #include "console/console.h"
 
 #include "console/system.h"
-#include "ui/string_ids.h"
-#include "ui/string_table.h"
+#include "ui/program/string_ids.h"
+#include "ui/program/string_table.h"
 
 #include <algorithm>
 #include <iostream>

@@ -4,8 +4,8 @@
 #include "base/text_format.h"
 #include "console/commands.h"
 #include "console/system.h"
-#include "ui/string_ids.h"
-#include "ui/string_table.h"
+#include "ui/program/string_ids.h"
+#include "ui/program/string_table.h"
 
 #include <algorithm>
 #include <new>

@@ -4,8 +4,8 @@
 #include "console/commands.h"
 #include "console/system.h"
 #include "tools/text_batch.h"
-#include "ui/string_ids.h"
-#include "ui/string_table.h"
+#include "ui/program/string_ids.h"
+#include "ui/program/string_table.h"
 #include "viewer/hex_rows.h"
 #include "viewer/record_file.h"
 

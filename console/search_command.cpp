@@ -1,10 +1,10 @@
 #include "base/text_format.h"
 #include "console/commands.h"
 #include "console/system.h"
-#include "search/file_search.h"
-#include "search/find_pattern.h"
-#include "search/regex_compiler.h"
-#include "ui/string_table.h"
+#include "search/files/file_search.h"
+#include "search/pattern/find_pattern.h"
+#include "search/pattern/regex_compiler.h"
+#include "ui/program/string_table.h"
 
 namespace tarrow {
 

@@ -1,11 +1,11 @@
 #include "base/text_format.h"
 #include "console/commands.h"
 #include "console/system.h"
-#include "search/anchored_scan.h"
-#include "search/first_char_map.h"
-#include "search/regex_compiler.h"
+#include "search/pattern/anchored_scan.h"
+#include "search/pattern/first_char_map.h"
+#include "search/pattern/regex_compiler.h"
 #include "tools/extract_strings.h"
-#include "ui/string_table.h"
+#include "ui/program/string_table.h"
 
 namespace tarrow {
 namespace {

@@ -3,9 +3,9 @@
 #include "tools/extract_strings.h"
 
 #include "base/exceptions.h"
-#include "search/anchored_scan.h"
-#include "search/regex_compiler.h"
-#include "search/regex_matcher.h"
+#include "search/pattern/anchored_scan.h"
+#include "search/pattern/regex_compiler.h"
+#include "search/pattern/regex_matcher.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -1,6 +1,6 @@
 // Any bytes load, in one format or another, and saving gives them back.
-#include "edit/file_load.h"
-#include "edit/file_save.h"
+#include "edit/files/file_load.h"
+#include "edit/files/file_save.h"
 
 #include <cstdint>
 #include <cstdlib>

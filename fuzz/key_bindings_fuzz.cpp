@@ -1,5 +1,5 @@
 // Any lines of "name=value" are key bindings: the table keeps its bounds, and Undo its key.
-#include "ui/key_bindings.h"
+#include "ui/commands/key_bindings.h"
 
 #include <algorithm>
 #include <cstdint>

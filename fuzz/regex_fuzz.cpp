@@ -2,11 +2,11 @@
 // result, forwards and backwards, wherever the text's gap lies. Where the naive one takes too many steps
 // nothing is compared, but the engine must let itself be stopped.
 #include "base/exceptions.h"
-#include "search/anchored_scan.h"
-#include "search/pattern_search.h"
-#include "search/regex_compiler.h"
-#include "search/regex_dump.h"
-#include "tests/search/naive_matcher.h"
+#include "search/pattern/anchored_scan.h"
+#include "search/pattern/pattern_search.h"
+#include "search/pattern/regex_compiler.h"
+#include "search/pattern/regex_dump.h"
+#include "tests/search/pattern/naive_matcher.h"
 
 #include <algorithm>
 #include <cstdint>

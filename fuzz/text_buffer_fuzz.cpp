@@ -1,5 +1,5 @@
 // Any sequence of changes to a text does what it does to a string; undoing twice changes nothing.
-#include "edit/text_buffer.h"
+#include "edit/text/text_buffer.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,6 +1,6 @@
 #include "project/options.h"
 
-#include "ui/string_table.h"
+#include "ui/program/string_table.h"
 
 namespace tarrow {
 

@@ -1,7 +1,7 @@
 // The options of a build environment: their keys, and what stands for one that is not stored.
 #pragma once
 
-#include "ui/string_ids.h"
+#include "ui/program/string_ids.h"
 
 #include <string>
 #include <string_view>

@@ -1,12 +1,12 @@
 #include "project/run_dialog.h"
 
-#include "edit/file_dialogs.h"
+#include "edit/documents/file_dialogs.h"
 #include "framework/directories.h"
 #include "framework/mdi.h"
 #include "framework/text_resources.h"
 #include "framework/unicode.h"
 #include "resources/resource.h"
-#include "ui/string_ids.h"
+#include "ui/program/string_ids.h"
 
 namespace tarrow {
 namespace {

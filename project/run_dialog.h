@@ -3,7 +3,7 @@
 
 #include "framework/dialog.h"
 #include "project/run_request.h"
-#include "ui/host.h"
+#include "ui/program/host.h"
 
 namespace tarrow {
 

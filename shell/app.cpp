@@ -7,9 +7,9 @@
 #include "shell/init_file.h"
 #include "shell/session.h"
 #include "tools/file_dir.h"
-#include "ui/commands.h"
-#include "ui/font_choice.h"
-#include "ui/string_ids.h"
+#include "ui/commands/commands.h"
+#include "ui/program/string_ids.h"
+#include "ui/settings/font_choice.h"
 
 #include <shellapi.h>
 

@@ -3,7 +3,7 @@
 // Any text is accepted: an option that is not known, or lacks what it needs, is left out of account.
 #pragma once
 
-#include "ui/global_settings.h"
+#include "ui/settings/global_settings.h"
 
 #include <optional>
 #include <string>

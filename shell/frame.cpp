@@ -1,13 +1,13 @@
 #include "shell/frame.h"
 
-#include "edit/file_edit.h"
+#include "edit/documents/file_edit.h"
 #include "framework/ctl3d.h"
 #include "framework/directories.h"
 #include "framework/text_resources.h"
 #include "framework/unicode.h"
 #include "resources/resource.h"
-#include "ui/commands.h"
-#include "ui/string_ids.h"
+#include "ui/commands/commands.h"
+#include "ui/program/string_ids.h"
 
 namespace tarrow {
 namespace {

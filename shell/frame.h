@@ -8,15 +8,15 @@
 #pragma once
 
 #include "framework/mdi.h"
-#include "search/find_commands.h"
+#include "search/find/find_commands.h"
 #include "shell/menu_bars.h"
 #include "shell/program_state.h"
-#include "ui/global_settings_form.h"
-#include "ui/host.h"
-#include "ui/key_bindings.h"
-#include "ui/status_bar.h"
-#include "ui/tool_bar.h"
-#include "ui/window_selector.h"
+#include "ui/bars/status_bar.h"
+#include "ui/bars/tool_bar.h"
+#include "ui/commands/key_bindings.h"
+#include "ui/program/host.h"
+#include "ui/selector/window_selector.h"
+#include "ui/settings/global_settings_form.h"
 
 #include <cstdint>
 #include <span>

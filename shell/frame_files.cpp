@@ -1,13 +1,13 @@
 // The frame's files: opened by command, drop, recent list and session, and saved all at once.
-#include "edit/file_dialogs.h"
-#include "edit/file_edit.h"
+#include "edit/documents/file_dialogs.h"
+#include "edit/documents/file_edit.h"
 #include "framework/file.h"
 #include "framework/file_system.h"
 #include "framework/unicode.h"
 #include "shell/frame.h"
 #include "tools/file_dir.h"
-#include "ui/commands.h"
-#include "ui/string_ids.h"
+#include "ui/commands/commands.h"
+#include "ui/program/string_ids.h"
 
 #include <shellapi.h>
 

@@ -3,7 +3,7 @@
 #include "framework/unicode.h"
 #include "shell/frame.h"
 #include "shell/message_box.h"
-#include "ui/string_ids.h"
+#include "ui/program/string_ids.h"
 
 namespace tarrow {
 

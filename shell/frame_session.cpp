@@ -1,5 +1,5 @@
 // The frame's session: what is restored at the start and kept at the end.
-#include "edit/child.h"
+#include "edit/documents/child.h"
 #include "shell/frame.h"
 #include "shell/session.h"
 

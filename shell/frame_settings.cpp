@@ -1,14 +1,14 @@
 // The frame's settings: the bars, the keys, and what follows when the user changes them.
-#include "edit/file_edit.h"
+#include "edit/documents/file_edit.h"
 #include "framework/text_resources.h"
 #include "framework/unicode.h"
 #include "project/options.h"
 #include "shell/frame.h"
-#include "ui/font_choice.h"
-#include "ui/global_settings_dialog.h"
-#include "ui/global_settings_form.h"
-#include "ui/key_bindings.h"
-#include "ui/string_ids.h"
+#include "ui/commands/key_bindings.h"
+#include "ui/program/string_ids.h"
+#include "ui/settings/font_choice.h"
+#include "ui/settings/global_settings_dialog.h"
+#include "ui/settings/global_settings_form.h"
 
 #include <utility>
 

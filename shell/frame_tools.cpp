@@ -3,7 +3,7 @@
 #include "project/run_dialog.h"
 #include "shell/frame.h"
 #include "shell/tool_dialogs.h"
-#include "ui/commands.h"
+#include "ui/commands/commands.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 // The frame's windows: how they are laid out, closed, and listed.
 #include "framework/text_resources.h"
 #include "shell/frame.h"
-#include "ui/commands.h"
-#include "ui/string_ids.h"
+#include "ui/commands/commands.h"
+#include "ui/program/string_ids.h"
 
 namespace tarrow {
 

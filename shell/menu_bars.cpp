@@ -1,7 +1,7 @@
 #include "shell/menu_bars.h"
 
 #include "framework/unicode.h"
-#include "ui/menus.h"
+#include "ui/commands/menus.h"
 
 namespace tarrow {
 namespace {

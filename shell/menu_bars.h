@@ -1,12 +1,12 @@
 // The menus of the frame: the bar without a document, the bar of edit windows, and the popup menu.
 //
-// All are built from the tables of ui/menus.h. The bar that is installed belongs to the frame window; this
-// class destroys the others.
+// All are built from the tables of ui/commands/menus.h. The bar that is installed belongs to the frame
+// window; this class destroys the others.
 #pragma once
 
 #include "framework/handle.h"
 #include "framework/mdi.h"
-#include "ui/messages.h"
+#include "ui/program/messages.h"
 
 #include <functional>
 #include <string>

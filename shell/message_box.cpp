@@ -2,7 +2,7 @@
 
 #include "framework/text_resources.h"
 #include "framework/unicode.h"
-#include "ui/string_ids.h"
+#include "ui/program/string_ids.h"
 
 #include <new>
 

@@ -4,8 +4,8 @@
 #include "base/path_text.h"
 #include "base/text_format.h"
 #include "base/utf16.h"
-#include "ui/string_ids.h"
-#include "ui/string_table.h"
+#include "ui/program/string_ids.h"
+#include "ui/program/string_table.h"
 
 #include <charconv>
 #include <limits>

@@ -8,7 +8,7 @@
 
 #include "shell/profile_store.h"
 #include "shell/recent_list.h"
-#include "ui/global_settings.h"
+#include "ui/settings/global_settings.h"
 
 #include <string>
 #include <string_view>

@@ -1,7 +1,7 @@
 #include "shell/settings_files.h"
 
 #include "base/path_text.h"
-#include "edit/save_disk.h"
+#include "edit/files/save_disk.h"
 #include "framework/directories.h"
 #include "framework/file.h"
 #include "framework/file_system.h"

@@ -4,7 +4,7 @@
 #include "framework/text_resources.h"
 #include "framework/unicode.h"
 #include "resources/resource.h"
-#include "ui/string_ids.h"
+#include "ui/program/string_ids.h"
 
 namespace tarrow {
 namespace {

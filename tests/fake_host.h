@@ -1,7 +1,7 @@
 // A program around a room under test: it keeps what it is asked for, and answers message boxes with `answer`.
 #pragma once
 
-#include "ui/host.h"
+#include "ui/program/host.h"
 
 #include <stdexcept>
 #include <string>

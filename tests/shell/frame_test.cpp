@@ -1,11 +1,11 @@
 #include "shell/frame.h"
 
-#include "edit/file_edit.h"
+#include "edit/documents/file_edit.h"
 #include "framework/unicode.h"
 #include "shell/session.h"
 #include "tests/framework/scratch_directory.h"
 #include "tests/window_pump.h"
-#include "ui/commands.h"
+#include "ui/commands/commands.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "shell/menu_bars.h"
 
 #include "framework/unicode.h"
-#include "ui/commands.h"
-#include "ui/menus.h"
+#include "ui/commands/commands.h"
+#include "ui/commands/menus.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "tools/extract_strings.h"
 
 #include "base/exceptions.h"
-#include "search/regex_compiler.h"
-#include "search/regex_matcher.h"
+#include "search/pattern/regex_compiler.h"
+#include "search/pattern/regex_matcher.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,40 @@
+#include "edit/control/font_widths.h"
+
+#include "framework/handle.h"
+
+#include <algorithm>
+
+namespace tarrow {
+
+FontWidths::FontWidths(HFONT font)
+    : font_(font ? font : static_cast<HFONT>(::GetStockObject(SYSTEM_FIXED_FONT))) {
+  ClientDc dc(nullptr);
+  SelectedObject selected(dc, font_);
+  TEXTMETRICW metrics{};
+  ::GetTextMetricsW(dc, &metrics);
+  lineHeight_ = std::max<int>(1, metrics.tmHeight + metrics.tmExternalLeading);
+  averageWidth_ = std::max<int>(1, metrics.tmAveCharWidth);
+  for (char32_t code = 0; code < ascii_.size(); ++code) ascii_[code] = Measure(dc, DisplayedCode(code));
+  bool isFixed = std::all_of(ascii_.begin(), ascii_.end(), [&](int width) { return width == ascii_['x']; });
+  if (isFixed) averageWidth_ = commonWidth_ = ascii_['x'];
+}
+
+int FontWidths::Measure(HDC dc, char32_t code) const {
+  std::u16string text;
+  AppendUtf16(code, text);
+  SIZE size{};
+  ::GetTextExtentPoint32W(dc, reinterpret_cast<const wchar_t*>(text.data()), static_cast<int>(text.size()),
+                          &size);
+  return std::max<int>(1, size.cx);
+}
+
+int FontWidths::WidthOf(char32_t code) const {
+  if (code < ascii_.size()) return ascii_[code];
+  auto [found, isNew] = others_.try_emplace(code, 0);
+  if (!isNew) return found->second;
+  ClientDc dc(nullptr);
+  SelectedObject selected(dc, font_);
+  return found->second = Measure(dc, code);
+}
+
+}  // namespace tarrow

@@ -1,0 +1,38 @@
+// The measures of a font: line height, average width, and how wide each character is drawn.
+//
+// ASCII is measured once; any other character when it is first met. Pixels.
+#pragma once
+
+#include "edit/control/line_layout.h"
+
+#include <windows.h>
+
+#include <array>
+#include <unordered_map>
+
+namespace tarrow {
+
+class FontWidths final : public CharWidths {
+ public:
+  // Measures `font`, which must outlive the object; null stands for the system's fixed font.
+  explicit FontWidths(HFONT font);
+
+  HFONT Font() const { return font_; }
+  int LineHeight() const { return lineHeight_; }
+  int AverageWidth() const { return averageWidth_; }
+
+  int WidthOf(char32_t code) const override;
+  int CommonWidth() const override { return commonWidth_; }
+
+ private:
+  int Measure(HDC dc, char32_t code) const;
+
+  HFONT font_;
+  int lineHeight_ = 1;
+  int averageWidth_ = 1;
+  int commonWidth_ = 0;
+  std::array<int, 128> ascii_{};
+  mutable std::unordered_map<char32_t, int> others_;
+};
+
+}  // namespace tarrow

@@ -1,0 +1,40 @@
+// The dialogs in which a user names files: Open, Save As, and one for any single file.
+//
+// They are the system's own with a few controls added. Every name that comes back is a full path in UTF-8,
+// one name however many blanks it holds; nothing comes back when the user cancels.
+#pragma once
+
+#include "edit/files/file_format.h"
+
+#include <windows.h>
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarrow {
+
+struct OpenChoice {
+  std::vector<std::string> paths;
+  bool viewInHex = false;
+  bool readOnly = false;
+};
+
+// Several files, existing or new, and how to open them.
+[[nodiscard]] std::optional<OpenChoice> RunOpenDialog(HWND owner, std::string_view filter);
+
+// One existing file, in a dialog of that title.
+[[nodiscard]] std::optional<std::string> RunPickFileDialog(HWND owner, std::string_view title,
+                                                           std::string_view filter);
+
+struct SaveChoice {
+  std::string path;
+  FileFormat format;
+};
+
+// A name for a text, beginning with `name`, and its format on the disk. Asks before an existing file is
+// chosen.
+[[nodiscard]] std::optional<SaveChoice> RunSaveAsDialog(HWND owner, std::string_view name, FileFormat format);
+
+}  // namespace tarrow

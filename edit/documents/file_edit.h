@@ -1,0 +1,92 @@
+// CTwFileEdit: the text-editing window, a document over the text control.
+//
+// It keeps the clean or modified state, asks before changes are lost, loads and saves, and hands the editing
+// commands on. The text lives in the control and nowhere else.
+#pragma once
+
+#include "edit/control/text_control.h"
+#include "edit/documents/child.h"
+#include "edit/documents/file_edit_commands.h"
+#include "edit/files/file_format.h"
+#include "edit/files/file_load.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tarrow {
+
+class CTwFileEdit : public CTwChild, private EditingOwner {
+ public:
+  // The identifier of the text control within its window.
+  static constexpr UINT kControlId = 3244;
+
+  // Opens the file `path` (full, lower case) in a new window. Null when it could not be loaded, of which the
+  // user has been told, or when he did not want it.
+  static CTwFileEdit* Open(Host& host, const std::string& path, std::uint32_t flags);
+
+  // A new window without a name, or null when it could not be made.
+  static CTwFileEdit* New(Host& host, std::uint32_t flags);
+
+  TextControl& Control() { return control_; }
+  const TextControl& Control() const { return control_; }
+
+  // Marks the text as changed or as clean.
+  void SetModified(bool modified);
+
+  // The settings for all windows have changed: the screen font (if it has) and the tab size.
+  void ApplySettings(const LOGFONTW* font);
+
+  bool QuerySave(int message) override;
+  void PublishState() override;
+  bool QueryCommand(UINT id, CommandState& state) const override;
+  bool RunCommand(UINT id, UINT code, HWND control, LRESULT& result) override;
+
+ protected:
+  static const MessageMap kMessageMap;
+  const MessageMap& GetMessageMap() const override { return kMessageMap; }
+
+  HWND ScrollBarOwner() const override { return control_.Handle(); }
+  void OnFontChanged() override;
+  void ShowHorizontalScroll(bool show) override;
+
+ private:
+  CTwFileEdit(Host& host, std::uint32_t flags);
+  bool CreateEdit();
+
+  // EditingOwner:
+  std::uint32_t EditFlags() const override { return Flags(); }
+  void ChangeEditFlags(std::uint32_t flags) override;
+  void MarkClean() override { SetModified(false); }
+  void Beep(UINT sound) override { Alert(sound); }
+
+  // file_edit.cpp: the window and its control.
+  bool OnCreate(const CREATESTRUCTW& create);
+  void OnSetFocus(HWND from);
+  void OnSize(UINT kind, int width, int height);
+  void OnLButtonDown(UINT keys, POINT client);
+  void OnLButtonDblClk(UINT keys, POINT client);
+  void OnChange();
+  void OnErrSpace();
+  void OnHScroll();
+  void OnCaretMoved();
+
+  // file_edit_files.cpp: loading, saving, merging.
+  void OnSave();
+  void OnSaveAs();
+  void OnMerge();
+  void OnFileStats();
+  bool CanSave() const { return Has(kModified); }
+  bool CanChange() const { return !Has(kReadOnly); }
+  bool Save();
+  bool SaveAs();
+  bool SaveUnder(const std::string& path, const std::string& nameOnDisk, FileFormat format);
+  bool WriteFile(const std::string& path);
+
+  TextControl control_;
+  EditingCommands commands_;
+  FileFormat format_ = FileFormat::kDos;
+  bool programScrolled_ = false;  // the program itself has scrolled the control sideways
+};
+
+}  // namespace tarrow

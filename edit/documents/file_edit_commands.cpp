@@ -1,0 +1,197 @@
+#include "edit/documents/file_edit_commands.h"
+
+#include "edit/commands/child_flags.h"
+#include "edit/commands/goto_line.h"
+#include "edit/control/clipboard_text.h"
+#include "edit/documents/goto_line_dialog.h"
+#include "framework/mdi.h"
+#include "ui/program/escape_progress.h"
+#include "ui/program/string_ids.h"
+
+#include <algorithm>
+#include <new>
+#include <optional>
+
+namespace tarrow {
+
+namespace {
+
+constexpr int kStatusSeconds = 5;
+constexpr int kLinesAtOnce = 3;  // more are worth an hourglass
+
+UINT SoundOf(Beep beep) {
+  switch (beep) {
+    case Beep::kExclamation:
+      return MB_ICONEXCLAMATION;
+    case Beep::kStop:
+      return MB_ICONSTOP;
+    case Beep::kInformation:
+      return MB_ICONINFORMATION;
+    default:
+      return MB_OK;
+  }
+}
+
+}  // namespace
+
+EditingCommands::EditingCommands(Host& host, TextControl& control, EditingOwner& owner)
+    : host_(host), control_(control), owner_(owner) {
+  control.SetHooks(this);
+}
+
+bool EditingCommands::Run(UINT id) {
+  const EditingCommand* command = FindEditingCommand(id);
+  if (!command) return false;
+  if (command->changesText && Has(kReadOnly)) {
+    owner_.Beep(MB_ICONEXCLAMATION);
+    return true;
+  }
+  try {
+    Do(*command);
+  } catch (const CYieldException&) {
+    owner_.Beep(MB_ICONEXCLAMATION);
+    host_.ShowStatusId(kTextCancelled, kStatusSeconds);
+  } catch (const CMemoryException&) {
+    host_.ReportOutOfMemory();
+  } catch (const std::bad_alloc&) {
+    host_.ReportOutOfMemory();
+  }
+  control_.PostCaretMoved();
+  return true;
+}
+
+CommandState EditingCommands::State(UINT id) const {
+  const EditingCommand* command = FindEditingCommand(id);
+  if (!command) return {false, false};
+  bool enabled = CanEdit(*command, control_.Selection(), owner_.EditFlags());
+  if (id == kEditUndo) enabled = enabled && control_.CanUndo();
+  if (id == kEditPaste) enabled = enabled && HasClipboardText();
+  if (id == kSetClean) enabled = Has(kModified);
+  return {enabled, IsChecked(id)};
+}
+
+bool EditingCommands::IsChecked(UINT id) const {
+  switch (id) {
+    case kSetInsert:
+      return !Has(kOvertype);
+    case kSetAlign:
+      return Has(kAlignLines);
+    case kSetIndent:
+      return Has(kIndentBlocks);
+    case kSetReadOnly:
+      return Has(kReadOnly);
+    default:
+      return false;
+  }
+}
+
+void EditingCommands::Do(const EditingCommand& command) {
+  switch (command.id) {
+    case kEditUndo:
+      return Undo();
+    case kEditCut:
+      return Cut();
+    case kEditCopy:
+      return void(control_.Copy());
+    case kEditCopyAppend:
+      return void(AppendToClipboard());
+    case kEditCutAppend:
+      if (AppendToClipboard()) Play(command);
+      return;
+    case kEditPaste:
+      return Paste();
+    case kSearchGotoLine:
+      return GotoLine();
+    case kSetInsert:
+    case kSetAlign:
+    case kSetIndent:
+    case kSetReadOnly:
+      return Toggle(command.id);
+    case kSetClean:
+      return owner_.MarkClean();
+    case kSearchMark:
+    case kSearchGotoMark:
+      host_.ShowMessageBox(nullptr, MB_OK | MB_ICONEXCLAMATION, kTextUnimplemented);
+      return;
+    default:
+      if (command.run) Play(command);
+  }
+}
+
+void EditingCommands::Play(const EditingCommand& command) {
+  TextRange selection = control_.Selection();
+  const TextBuffer& text = control_.Buffer();
+  bool isLong = text.LineOf(selection.end) - text.LineOf(selection.start) >= kLinesAtOnce;
+  std::optional<WaitState> wait;
+  if (command.changesText && isLong) wait.emplace(host_);
+  EscapeProgress escape;
+  Show(RunEditingCommand(command, {control_.View(), selection, control_.TextCharset(), Indent(), &escape}),
+       command.id);
+}
+
+void EditingCommands::Show(const EditOutcome& outcome, CommandId id) {
+  if (outcome.beep == Beep::kNone) return void(control_.Apply(outcome.edits, outcome.selection));
+  owner_.Beep(SoundOf(outcome.beep));
+  if (id == kSearchMatchBrace) host_.ShowStatusId(kTextNoMatchingBrace, kStatusSeconds);
+}
+
+void EditingCommands::Undo() {
+  if (!control_.UndoLast()) owner_.Beep(MB_ICONEXCLAMATION);
+}
+
+void EditingCommands::Cut() {
+  if (control_.Selection().Empty()) return;
+  control_.EmptyUndo();
+  control_.Cut();
+}
+
+void EditingCommands::Paste() {
+  if (!HasClipboardText()) return;
+  control_.EmptyUndo();
+  control_.Paste();
+}
+
+// False when nothing was appended; what is not on the clipboard must not be cut either.
+bool EditingCommands::AppendToClipboard() {
+  TextRange selection = control_.Selection();
+  if (selection.Empty()) {
+    owner_.Beep(MB_OK);
+    return false;
+  }
+  const Charset& charset = control_.TextCharset();
+  std::string text = TextFromClipboard(control_.Handle(), charset).value_or(std::string());
+  TextView selected = control_.View().Sub(selection);
+  text.append(selected.head).append(selected.tail);
+  return PutOnClipboard(control_.Handle(), TextView(text), charset);
+}
+
+// A target that would be the bottom line in view is moved up, so that what follows can be seen.
+void EditingCommands::GotoLine() {
+  const TextBuffer& text = control_.Buffer();
+  BytePos previous = std::min(previousPosition_, text.End());
+  CGotoLineDialog dialog(text.LineOf(previous).value + 1);
+  if (dialog.DoModal(host_.Frame().Handle()) != IDOK) return;
+  RememberPosition();
+  std::int32_t lines = text.LineCount().value;
+  LineNo target = GotoLineTarget(static_cast<std::uint64_t>(dialog.Number()), lines);
+  BytePos start = text.LineStart(target);
+  control_.Select(start, start);
+  control_.ScrollBy(0, LinesToScroll(target, control_.TopLine(), control_.LinesInView(), lines));
+}
+
+void EditingCommands::Toggle(CommandId id) {
+  std::uint32_t flags = owner_.EditFlags();
+  if (id == kSetInsert) flags ^= kOvertype;
+  if (id == kSetAlign) flags = ToggleAlignLines(flags);
+  if (id == kSetIndent) flags = ToggleIndentBlocks(flags);
+  if (id == kSetReadOnly) flags ^= kReadOnly;
+  control_.SetReadOnly((flags & kReadOnly) != 0);
+  owner_.ChangeEditFlags(flags);
+}
+
+IndentSettings EditingCommands::Indent() const {
+  const GlobalSettings& settings = host_.Settings();
+  return {settings.tabSize, settings.shiftWidth};
+}
+
+}  // namespace tarrow

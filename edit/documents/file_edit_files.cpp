@@ -1,0 +1,158 @@
+// The files of an edit window: loading, saving, merging in another.
+#include "base/path_text.h"
+#include "edit/documents/file_dialogs.h"
+#include "edit/documents/file_edit.h"
+#include "edit/files/file_save.h"
+#include "edit/files/safe_save.h"
+#include "edit/files/save_disk.h"
+#include "framework/directories.h"
+#include "framework/file.h"
+#include "framework/file_system.h"
+#include "framework/text_resources.h"
+#include "ui/program/string_ids.h"
+
+#include <new>
+
+namespace tarrow {
+namespace {
+
+constexpr UINT kYesNo = MB_YESNO | MB_ICONQUESTION;
+
+// Asks the user about the contents of a file that is being loaded.
+class AskUser final : public LoadQuestions {
+ public:
+  AskUser(Host& host, const std::string& path) : host_(host), path_(path) {}
+
+  bool AcceptControlByte(unsigned char byte) override {
+    return host_.ShowMessageBox(nullptr, kYesNo, kTextNonAnsi, {byte, path_}) == IDYES;
+  }
+  bool AcceptLineEnds() override {
+    return host_.ShowMessageBox(nullptr, kYesNo, kTextBadTerminators, {path_}) == IDYES;
+  }
+
+ private:
+  Host& host_;
+  const std::string& path_;
+};
+
+// Loads a file and tells the user why when that fails.
+std::optional<LoadedText> LoadFile(Host& host, const std::string& path, std::int64_t maxSize) {
+  try {
+    CFile file(path, CFile::Mode::kRead, CFile::Share::kRead);
+    AskUser ask(host, path);
+    return LoadText(file, maxSize, ask);
+  } catch (const CFileException& error) {
+    host.ShowFileError(nullptr, error);
+  } catch (const CMemoryException&) {
+    host.ShowMessageBox(nullptr, MB_ICONEXCLAMATION, kTextNoMemoryForFile, {path});
+  } catch (const std::bad_alloc&) {
+    host.ShowMessageBox(nullptr, MB_ICONEXCLAMATION, kTextNoMemoryForFile, {path});
+  }
+  return {};
+}
+
+}  // namespace
+
+CTwFileEdit* CTwFileEdit::Open(Host& host, const std::string& path, std::uint32_t flags) {
+  std::optional<LoadedText> loaded = LoadFile(host, path, kMaxTextSize);
+  if (!loaded) return nullptr;
+  auto* window = new CTwFileEdit(host, flags);  // belongs to its window
+  window->SetPath(path);
+  if (!window->CreateEdit()) return nullptr;
+  window->control_.Adopt(std::move(loaded->text));
+  window->format_ = loaded->format;
+  window->OnCaretMoved();
+  window->OnFileStats();
+  return window;
+}
+
+void CTwFileEdit::OnFileStats() {
+  const TextBuffer& text = control_.Buffer();
+  Program().ShowStatus(FormatTextResource(kTextFileStats, {Path(), text.Size(), text.LineCount().value}), 5);
+}
+
+void CTwFileEdit::OnSave() {
+  if (!Has(kModified))
+    Alert(MB_ICONEXCLAMATION);
+  else
+    Has(kUntitled) ? SaveAs() : Save();
+}
+
+void CTwFileEdit::OnSaveAs() {
+  SaveAs();
+}
+
+bool CTwFileEdit::Save() {
+  return WriteFile(Path());
+}
+
+bool CTwFileEdit::SaveAs() {
+  std::string name(FileNamePart(Path()));
+  std::optional<SaveChoice> choice = RunSaveAsDialog(Frame().Handle(), name, format_);
+  if (!choice) {
+    Program().DirectoryChanged();
+    return false;
+  }
+  try {
+    std::string path = FullPathLower(choice->path);
+    if (CTwChild* other = FindChildShowing(Frame(), path); other && other != this) {
+      Program().ShowMessageBox(nullptr, MB_ICONEXCLAMATION, kTextOpenElsewhere, {path});
+      return false;
+    }
+    return SaveUnder(path, choice->path, choice->format);
+  } catch (const CFileException& error) {
+    Program().ShowFileError(nullptr, error);
+    return false;
+  }
+}
+
+// The window takes the new name first; a write that fails gives everything back.
+bool CTwFileEdit::SaveUnder(const std::string& path, const std::string& nameOnDisk, FileFormat format) {
+  std::uint32_t oldFlags = Flags();
+  std::string oldPath = Path();
+  FileFormat oldFormat = std::exchange(format_, format);
+  SetModified(true);  // so that the text is written in any case
+  SetPath(path);
+  if (WriteFile(nameOnDisk)) {
+    ChangeWorkingDirectory(Directory());
+    Program().DirectoryChanged();
+    return true;
+  }
+  format_ = oldFormat;
+  if (oldFlags & kUntitled)
+    SetUntitled(oldPath);
+  else
+    SetPath(oldPath);
+  SetModified((oldFlags & kModified) != 0);
+  return false;
+}
+
+bool CTwFileEdit::WriteFile(const std::string& path) {
+  if (!Has(kModified)) return true;
+  WaitState wait(Program());
+  SaveOptions options;
+  options.backup = Program().Settings().Has(kCreateBackups);
+  options.backupFailed = [this](const CFileException& error) { Program().ShowFileError(nullptr, error); };
+  try {
+    WindowsSaveDisk disk;
+    SafeSave(disk, path, options, [this](ByteSink& out) { SaveText(control_.View(), format_, out); });
+  } catch (const CFileException& error) {
+    Program().ShowFileError(nullptr, error);
+    return false;
+  }
+  SetModified(false);
+  OnFileStats();
+  return true;
+}
+
+// Paste File: as loading, into the text at the caret.
+void CTwFileEdit::OnMerge() {
+  if (Has(kReadOnly)) return Alert(MB_ICONEXCLAMATION);
+  std::optional<std::string> path = RunPickFileDialog(Frame().Handle(), "Paste File", Program().FileFilter());
+  if (!path) return;
+  WaitState wait(Program());
+  std::optional<LoadedText> loaded = LoadFile(Program(), *path, kMaxTextSize - control_.Buffer().Size());
+  if (loaded) control_.ReplaceSelection(loaded->text.Contiguous());
+}
+
+}  // namespace tarrow

@@ -1,0 +1,49 @@
+// The keys and clicks that mean more in a text window than in a plain edit control.
+#include "edit/commands/auto_indent.h"
+#include "edit/commands/child_flags.h"
+#include "edit/commands/typing.h"
+#include "edit/commands/word_movement.h"
+#include "edit/documents/file_edit_commands.h"
+
+namespace tarrow {
+
+bool EditingCommands::OnCharacter(char32_t code) {
+  if (Has(kReadOnly)) {
+    if (!IsRefusedWhenReadOnly(code)) return false;
+    owner_.Beep(MB_ICONEXCLAMATION);
+    return true;
+  }
+  if (code == U'\r') return Has(kAlignLines) && BreakLineIndented();
+  return Has(kOvertype) && TypeOver(code);
+}
+
+bool EditingCommands::BreakLineIndented() {
+  EditOutcome outcome = BreakLine(control_.View(), control_.Selection(), Indent(), Has(kIndentBlocks));
+  control_.Replace(outcome.edits[0].range, outcome.edits[0].text, EditKind::kTyping);
+  return true;
+}
+
+bool EditingCommands::TypeOver(char32_t code) {
+  const Charset& charset = control_.TextCharset();
+  TextRange selection = control_.Selection();
+  TextRange range = OvertypeRange(control_.View(), selection, code, charset);
+  if (range == selection) return false;
+  control_.Replace(range, charset.Encode(code), EditKind::kTyping);
+  return true;
+}
+
+bool EditingCommands::OnKeyDown(UINT key, bool shift, bool control) {
+  if (control && (key == VK_HOME || key == VK_END)) RememberPosition();
+  if (key != VK_HOME || control || shift) return false;
+  BytePos home = HomePosition(control_.View(), control_.Selection());
+  control_.Select(home, home);
+  return true;
+}
+
+bool EditingCommands::OnDoubleClick(BytePos at) {
+  if (host_.Settings().Has(kSpaceDelimitsWords)) return false;
+  control_.Select(WordAround(control_.View(), at, control_.TextCharset()));
+  return true;
+}
+
+}  // namespace tarrow

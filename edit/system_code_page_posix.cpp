@@ -1,9 +1,0 @@
-#include "edit/charset.h"
-
-namespace tarrow {
-
-const CodePage& SystemCodePage() {
-  return WesternCodePage();
-}
-
-}  // namespace tarrow

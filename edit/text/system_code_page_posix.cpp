@@ -1,0 +1,9 @@
+#include "edit/text/charset.h"
+
+namespace tarrow {
+
+const CodePage& SystemCodePage() {
+  return WesternCodePage();
+}
+
+}  // namespace tarrow

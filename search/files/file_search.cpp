@@ -1,0 +1,196 @@
+#include "search/files/file_search.h"
+
+#include "base/byte_scan.h"
+#include "base/text_format.h"
+#include "search/pattern/first_char_map.h"
+#include "search/pattern/pattern_search.h"
+#include "search/pattern/prepared_search.h"
+
+#include <charconv>
+#include <cstring>
+
+namespace tarrow {
+namespace {
+
+constexpr std::size_t kMaxLine = 255;
+constexpr std::size_t kBufferSize = 256 * 1024;
+constexpr std::size_t kOutputSize = 64 * 1024;
+
+}  // namespace
+
+// The lines of one file, as they come through the buffer. Whole stretches that cannot match are passed over
+// by the same plan that a search in one text goes by; their lines are only counted, and that only when a
+// number is needed.
+class FileSearch::Lines {
+ public:
+  Lines(FileSearch& search, std::string_view shownName)
+      : search_(search),
+        plan_(PlanOf(search.pattern_)),
+        prefix_(std::string(shownName) + "("),
+        isListing_(search.listing_ == Listing::kLines),
+        ticker_(search.progress_) {}
+
+  // Searches the lines of `block`, which begins with a line. Unless it is the last, the line at its end that
+  // is not complete is left alone. Returns how many bytes were taken.
+  std::size_t Search(std::string_view block, bool isLast) {
+    block_ = block;
+    counted_ = 0;
+    std::size_t at = 0;
+    while (at < block.size()) {
+      ticker_.Tick();
+      std::size_t start = LineOf(NextCandidate(at), at);
+      std::size_t end = start + FindByte(block.substr(start), '\n');
+      if (end == block.size() && !isLast) {
+        at = start;
+        break;
+      }
+      at = SearchLine(start, end);
+    }
+    if (isListing_ && !isLast) CountTo(std::min(at, block.size()));
+    return std::min(at, block.size());
+  }
+
+  // Takes as many whole lines of 255 characters as there are in `block`, none of which is a line feed.
+  std::size_t SearchPieces(std::string_view block) {
+    std::size_t at = 0;
+    for (; block.size() - at > kMaxLine; at += kMaxLine) SearchPiece(block.substr(at, kMaxLine));
+    return at;
+  }
+
+  std::int64_t MatchCount() const { return matchCount_; }
+
+  void Flush() {
+    if (!output_.empty()) search_.sink_.Write(output_);
+    output_.clear();
+  }
+
+ private:
+  // The first byte from `at` on that could belong to a match: no line before its own matches.
+  std::size_t NextCandidate(std::size_t at) {
+    std::string_view rest = block_.substr(at);
+    bool hasLiteral = plan_.skipBy == SkipBy::kFixedLiteral || plan_.skipBy == SkipBy::kReachedLiteral;
+    if (hasLiteral && !plan_.orTextEnd) {
+      std::size_t found = plan_.literal.Find(rest);
+      return found == LiteralFinder::kNotFound ? block_.size() : at + found;
+    }
+    return plan_.needsFirst ? at + plan_.first.FindFirst(rest) : at;
+  }
+
+  // The start of the line that holds the byte at `place`; no line before `from` is looked at.
+  std::size_t LineOf(std::size_t place, std::size_t from) const {
+    std::string_view before = block_.substr(from, place - from);
+    std::size_t feed = FindLastByte(before, '\n');
+    return feed == before.size() ? from : from + feed + 1;
+  }
+
+  // Searches the line of the block in [start, end), with a line feed at `end` or the end of the file. Returns
+  // where the next line begins.
+  std::size_t SearchLine(std::size_t start, std::size_t end) {
+    bool hasFeed = end < block_.size();
+    std::string_view line = block_.substr(start, end - start);
+    if (hasFeed && !line.empty() && line.back() == '\r') line.remove_suffix(1);
+    if (isListing_) CountTo(start);
+    while (line.size() + hasFeed > kMaxLine) {
+      SearchPiece(line.substr(0, kMaxLine));
+      line.remove_prefix(kMaxLine);
+    }
+    if (!line.empty() || hasFeed) SearchPiece(line);
+    counted_ = end + hasFeed;
+    return counted_;
+  }
+
+  // Searches one line by itself, and numbers it.
+  void SearchPiece(std::string_view line) {
+    ++lineNumber_;
+    if (line.empty()) return;
+    auto size = static_cast<std::int32_t>(line.size());
+    if (SearchPattern(search_.pattern_, TextView(line), BytePos(0), size, nullptr, search_.progress_) < 0)
+      return;
+    ++matchCount_;
+    if (isListing_) Append(line);
+  }
+
+  // Brings the line number up to the line that begins at `place`.
+  void CountTo(std::size_t place) {
+    if (place <= counted_) return;
+    std::string_view lines = block_.substr(counted_, place - counted_);
+    ByteCount feeds = CountByteAndGaps(lines, '\n');
+    lineNumber_ += static_cast<std::int64_t>(feeds.count) + (feeds.hasLongGap ? ExtraLines(lines) : 0);
+    counted_ = place;
+  }
+
+  // How many lines more than line feeds there are, because of lines that are too long.
+  static std::int64_t ExtraLines(std::string_view lines) {
+    std::int64_t extra = 0;
+    while (lines.size() > kMaxLine) {
+      std::size_t feed = FindLastByte(lines.substr(0, kMaxLine), '\n');
+      if (feed < kMaxLine) {
+        lines.remove_prefix(feed + 1);
+        continue;
+      }
+      feed = FindByte(lines, '\n');
+      std::size_t length = feed - (feed > 0 && lines[feed - 1] == '\r');
+      extra += static_cast<std::int64_t>(length / kMaxLine);
+      lines.remove_prefix(feed + 1);
+    }
+    return extra;
+  }
+
+  void Append(std::string_view line) {
+    char digits[24];
+    char* end = std::to_chars(digits, digits + sizeof digits, lineNumber_).ptr;
+    output_.append(prefix_).append(digits, end).append("): ").append(line).append(search_.lineEnd_);
+    if (output_.size() >= kOutputSize) Flush();
+  }
+
+  FileSearch& search_;
+  const SearchPlan& plan_;
+  std::string prefix_;
+  bool isListing_;
+  ProgressTicker ticker_;
+  std::string_view block_;
+  std::size_t counted_ = 0;  // the lines of the block before this place are in lineNumber_
+  std::int64_t lineNumber_ = 0;
+  std::int64_t matchCount_ = 0;
+  std::string output_;
+};
+
+FileSearch::FileSearch(CompiledPattern& pattern, Listing listing, TextSink& sink, Progress* progress,
+                       std::string_view lineEnd)
+    : pattern_(pattern),
+      listing_(listing),
+      sink_(sink),
+      progress_(progress),
+      lineEnd_(lineEnd),
+      buffer_(kBufferSize) {
+  if (!pattern_.mapValid) ComputeFirstCharMap(pattern_);
+}
+
+FileSearch::~FileSearch() = default;
+
+std::int64_t FileSearch::Run(ByteSource& file, std::string_view shownName, std::string_view fullName) {
+  Lines lines(*this, shownName);
+  std::size_t held = 0;
+  try {
+    for (bool isLast = false; !isLast;) {
+      std::size_t wanted = buffer_.size() - held;
+      std::size_t got = file.Read({buffer_.data() + held, wanted});
+      isLast = got < wanted;
+      held += got;
+      std::string_view block(buffer_.data(), held);
+      std::size_t taken = lines.Search(block, isLast);
+      if (taken == 0 && !isLast) taken = lines.SearchPieces(block);
+      held -= taken;
+      std::memmove(buffer_.data(), buffer_.data() + taken, held);
+    }
+  } catch (...) {
+    lines.Flush();
+    throw;
+  }
+  lines.Flush();
+  if (listing_ == Listing::kCounts && lines.MatchCount() > 0)
+    sink_.Write(FormatText("%s: %d%s", {fullName, lines.MatchCount(), lineEnd_}));
+  return lines.MatchCount();
+}
+
+}  // namespace tarrow

@@ -1,0 +1,103 @@
+#include "search/find/find_in_window.h"
+
+#include "edit/control/clipboard_text.h"
+#include "search/find/find_text.h"
+#include "search/find/replace_all.h"
+#include "ui/program/escape_progress.h"
+#include "ui/program/string_ids.h"
+
+#include <optional>
+
+namespace tarrow {
+
+namespace {
+
+// Asks and tells with message boxes; the hourglass rests meanwhile.
+class Boxes final : public FindDialogue {
+ public:
+  Boxes(Host& host, HWND owner, const FindState& state) : host_(host), owner_(owner), state_(state) {
+    wait_.emplace(host);
+  }
+
+  bool ConfirmRestart(int message) override {
+    bool restart = Show(MB_OKCANCEL | MB_ICONQUESTION, message) == IDOK;
+    wait_.emplace(host_);
+    return restart;
+  }
+  void Complain(int message) override { Show(MB_OK | MB_ICONEXCLAMATION, message); }
+
+ private:
+  int Show(UINT style, int message) {
+    wait_.reset();
+    return host_.ShowMessageBox(owner_, style, message, {state_.pattern});
+  }
+
+  Host& host_;
+  HWND owner_;
+  const FindState& state_;
+  std::optional<WaitState> wait_;
+};
+
+Replacement MakeReplacement(const FindState& state, const TextControl& control) {
+  Replacement replacement(state.replacement, control.TextCharset());
+  if (replacement.UsesClipboard())
+    replacement.SetClipboard(
+        TextFromClipboard(control.Handle(), control.TextCharset()).value_or(std::string()));
+  return replacement;
+}
+
+}  // namespace
+
+void FindInWindow::TakeSelection() {
+  TakeSelectionAsPattern(state_, control_.View(), control_.Selection(), control_.TextCharset());
+}
+
+bool FindInWindow::Find() {
+  Boxes boxes(host_, boxOwner_, state_);
+  EscapeProgress escape;
+  std::optional<TextRange> found =
+      FindText(state_, control_.View(), control_.Selection(), control_.TextCharset(), boxes, &escape);
+  if (!found) return false;
+  control_.Select(*found);
+  control_.PostCaretMoved();
+  return true;
+}
+
+void FindInWindow::ReplaceSelection() {
+  BytePos start = control_.Selection().start;
+  std::string inserted;
+  MakeReplacement(state_, control_).Build(control_.View(), state_.registers, inserted);
+  if (!control_.ReplaceSelection(inserted, EditKind::kForgotten)) return;
+  control_.Select(start, start + static_cast<std::int64_t>(inserted.size()));
+  control_.PostCaretMoved();
+}
+
+void FindInWindow::ReplaceAll() {
+  if (int message = CompileIfNeeded(state_, control_.TextCharset())) return Complain(message);
+  ReplaceAllResult result;
+  {
+    WaitState wait(host_);
+    EscapeProgress escape;
+    TextRange whole{BytePos(0), control_.Buffer().End()};
+    TextRange region = state_.selectionOnly ? control_.Selection() : whole;
+    result = tarrow::ReplaceAll(state_.compiled, control_.ContiguousText(), region,
+                                MakeReplacement(state_, control_), &escape);
+    if (!result.edits.Empty()) ApplyAll(result.edits);
+  }
+  if (result.outOfMemory) return host_.ReportOutOfMemory();
+  if (result.edits.Empty()) Complain(kTextNotFound);
+}
+
+// The caret ends behind the text inserted last.
+void FindInWindow::ApplyAll(const EditList& edits) {
+  Edit last = edits[edits.Size() - 1];
+  BytePos caret = last.range.end + edits.Growth();
+  control_.Apply(edits, {caret, caret});
+  control_.PostCaretMoved();
+}
+
+void FindInWindow::Complain(int message) {
+  host_.ShowMessageBox(boxOwner_, MB_OK | MB_ICONEXCLAMATION, message, {state_.pattern});
+}
+
+}  // namespace tarrow

@@ -1,0 +1,43 @@
+// Find and replace in the text of a window: the searches of this folder applied to a text control.
+//
+// The questions and complaints of a search are message boxes; the hourglass shows while it runs, and Escape
+// ends it by CYieldException.
+#pragma once
+
+#include "edit/control/text_control.h"
+#include "search/find/find_state.h"
+#include "ui/program/host.h"
+
+namespace tarrow {
+
+class FindInWindow {
+ public:
+  // `boxOwner` owns the message boxes. All must outlive the object.
+  FindInWindow(Host& host, FindState& state, TextControl& control, HWND boxOwner)
+      : host_(host), state_(state), control_(control), boxOwner_(boxOwner) {}
+
+  // Takes the selection as the pattern when it lies within a line.
+  void TakeSelection();
+
+  // Selects the next match in the direction of the find state, from the selection on; false when there is
+  // none, and the user knows.
+  bool Find();
+
+  // Replaces the selection by the replacement for the last match, for good, and selects what stands there
+  // then.
+  void ReplaceSelection();
+
+  // Replaces all matches in the text, or in the selection if the find state says so, as one unit of undo.
+  void ReplaceAll();
+
+ private:
+  void ApplyAll(const EditList& edits);
+  void Complain(int message);
+
+  Host& host_;
+  FindState& state_;
+  TextControl& control_;
+  HWND boxOwner_;
+};
+
+}  // namespace tarrow

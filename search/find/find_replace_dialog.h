@@ -1,0 +1,51 @@
+// CTwFindReplaceDialog: the modeless find or replace dialog.
+//
+// It looks for itself where it last stood, knows whether the pattern has been edited since the last search,
+// and carries one box more than the system's dialog. It belongs to its window.
+#pragma once
+
+#include "framework/find_replace_dialog.h"
+#include "search/find/find_state.h"
+
+#include <functional>
+
+namespace tarrow {
+
+class CTwFindReplaceDialog final : public CFindReplaceDialog {
+ public:
+  // `frame` is the client area beside whose right edge the dialog stands the first time, in pixels of the
+  // screen. `closed` is called once, when the window goes.
+  CTwFindReplaceDialog(FindState& state, const RECT& frame, std::function<void()> closed);
+
+  // Opens the find form or the replace form with what `state` says; false when the system refuses, and the
+  // object is gone then.
+  [[nodiscard]] bool Show(bool findOnly, HWND owner);
+
+  bool IsFindOnly() const { return findOnly_; }
+  bool SelectionOnly() const;
+
+  // Whether the pattern has been edited since this was last asked.
+  bool TakeTextChanged();
+
+  // Stores where the dialog stands in the find state.
+  void RememberPlace();
+
+ protected:
+  static const MessageMap kMessageMap;
+  const MessageMap& GetMessageMap() const override { return kMessageMap; }
+
+  void OnInitDialog() override;
+  void OnFinalMessage() override { delete this; }
+
+ private:
+  void OnFindWhatChanged();
+  void OnDestroy();
+
+  FindState& state_;
+  RECT frame_;
+  std::function<void()> closed_;
+  bool findOnly_ = true;
+  bool textChanged_ = true;
+};
+
+}  // namespace tarrow

@@ -1,0 +1,131 @@
+#include "search/pattern/first_char_map.h"
+
+#include "search/pattern/byte_code.h"
+
+namespace tarrow {
+namespace {
+
+// Follows the code from its start along every path up to the first byte that it would consume. Paths not yet
+// taken wait on a stack; the newest is taken first.
+class MapWalk {
+ public:
+  explicit MapWalk(CompiledPattern& pattern) : pattern_(pattern), code_(pattern.code) {}
+
+  void Run() {
+    while (!isStopped_) {
+      if (at_ >= End()) {
+        pattern_.canBeEmpty = CanBeEmpty::kAnywhere;
+        return;
+      }
+      if (Step()) continue;
+      if (pending_.empty()) return;
+      at_ = pending_.back();
+      pending_.pop_back();
+    }
+  }
+
+ private:
+  int End() const { return static_cast<int>(code_.size()); }
+  void Mark(int c) { pattern_.firstCharMap[pattern_.Fold()[static_cast<std::uint8_t>(c)]] = true; }
+
+  void MarkAnyChar() {
+    for (int c = 0; c < 256; ++c)
+      if (c != '\r' && c != '\n') pattern_.firstCharMap[c] = true;
+  }
+
+  // Takes the operation at `at_`; false when this path is done.
+  bool Step() {
+    switch (OpcodeAt(code_, at_)) {
+      case Opcode::kExact:
+        Mark(code_[at_ + 2]);
+        return false;
+      case Opcode::kLineEnd:
+        return TakeLineEnd();
+      case Opcode::kJump:
+      case Opcode::kFinalizeJump:
+      case Opcode::kMaybeFinalizeJump:
+      case Opcode::kDummyFailureJump:
+        return TakeJump();
+      case Opcode::kOnFailureJump:
+        pending_.push_back(JumpTarget(code_, at_));
+        break;
+      case Opcode::kAnyChar:
+        return TakeAnyChar();
+      case Opcode::kCharSet:
+        return TakeSet();
+      case Opcode::kCharSetNot:
+        return TakeSetNot();
+      case Opcode::kBackRef:
+        return TakeBackRef();
+      default:
+        break;
+    }
+    at_ += OperationSize(code_, at_);
+    return true;
+  }
+
+  bool TakeLineEnd() {
+    Mark('\r');
+    if (pattern_.canBeEmpty != CanBeEmpty::kAnywhere) pattern_.canBeEmpty = CanBeEmpty::kAtLineEnd;
+    return false;
+  }
+
+  // A jump back closes a loop whose body was passed without consuming: go on behind the loop, and forget that
+  // its end was still to be visited.
+  bool TakeJump() {
+    pattern_.canBeEmpty = CanBeEmpty::kAnywhere;
+    int target = JumpTarget(code_, at_);
+    bool isLoopEnd = target < at_ && OpcodeAt(code_, target) == Opcode::kOnFailureJump;
+    if (isLoopEnd) {
+      target = JumpTarget(code_, target);
+      if (!pending_.empty() && pending_.back() == target) pending_.pop_back();
+    }
+    at_ = target;
+    return true;
+  }
+
+  // With an empty match already possible the map will not be used, or so the walk assumes: it ends here even
+  // if empty matches are confined to line ends and other paths still wait.
+  bool TakeAnyChar() {
+    MarkAnyChar();
+    isStopped_ = pattern_.canBeEmpty != CanBeEmpty::kNever;
+    return isStopped_;
+  }
+
+  bool TakeSet() {
+    for (int c = 0; c < 256; ++c)
+      if (IsInBitmap(code_, at_, c)) Mark(c);
+    return false;
+  }
+
+  bool TakeSetNot() {
+    for (int c = 0; c < 256; ++c)
+      if (!IsInBitmap(code_, at_, c)) pattern_.firstCharMap[c] = true;
+    return false;
+  }
+
+  bool TakeBackRef() {
+    pattern_.canBeEmpty = CanBeEmpty::kAnywhere;
+    Mark('\r');
+    MarkAnyChar();
+    isStopped_ = true;
+    return true;
+  }
+
+  CompiledPattern& pattern_;
+  const std::vector<std::uint8_t>& code_;
+  int at_ = 0;
+  bool isStopped_ = false;
+  std::vector<int> pending_;
+};
+
+}  // namespace
+
+void ComputeFirstCharMap(CompiledPattern& pattern) {
+  pattern.firstCharMap.fill(false);
+  pattern.canBeEmpty = CanBeEmpty::kNever;
+  MapWalk(pattern).Run();
+  pattern.mapValid = true;
+}
+
+}  // namespace tarrow

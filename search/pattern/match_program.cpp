@@ -1,0 +1,198 @@
+#include "search/pattern/match_program.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+
+namespace tarrow {
+namespace {
+
+using Members = std::array<bool, 256>;
+
+// Folded letters are the ones that stand for two bytes of text.
+bool IsFoldedLetter(int c) {
+  return c >= 'A' && c <= 'Z';
+}
+
+bool IsLoopEnd(Opcode op) {
+  return op == Opcode::kMaybeFinalizeJump || op == Opcode::kFinalizeJump || op == Opcode::kJump;
+}
+
+bool IsJump(Opcode op) {
+  return IsLoopEnd(op) || op == Opcode::kOnFailureJump || op == Opcode::kDummyFailureJump;
+}
+
+class Decoder {
+ public:
+  Decoder(ByteCode code, bool foldCase)
+      : code_(code),
+        fold_(foldCase ? kFoldToUpper : kFoldNothing),
+        foldCase_(foldCase),
+        jumpsTo_(code.size() + 1),
+        indexOf_(code.size() + 1) {}
+
+  MatchProgram Run() {
+    for (int at = 0; at < End(); at += OperationSize(code_, at))
+      if (IsJump(OpcodeAt(code_, at))) ++jumpsTo_[Bounded(JumpTarget(code_, at))];
+    for (int at = 0; at < End();) {
+      indexOf_[at] = Here();
+      at += Decode(at);
+    }
+    indexOf_[End()] = Here();
+    program_.steps.push_back({Step::kMatch});
+    for (Instruction& step : program_.steps)
+      if (step.step == Step::kPush || step.step == Step::kPushDormant || step.step == Step::kLoopEnd)
+        step.index = indexOf_[step.index];
+    return std::move(program_);
+  }
+
+ private:
+  int End() const { return static_cast<int>(code_.size()); }
+  int Here() const { return static_cast<int>(program_.steps.size()); }
+  int Bounded(int at) const { return at < 0 || at > End() ? End() : at; }
+
+  void Add(Step step, int operand, int index = 0, int code = 0) {
+    Instruction instruction;
+    instruction.step = step;
+    instruction.operand = static_cast<std::uint8_t>(operand);
+    instruction.index = index;
+    instruction.code = code;
+    program_.steps.push_back(instruction);
+  }
+
+  // Decodes the operation at `at`, or the loop that begins there. Returns how many bytes of code that took.
+  int Decode(int at) {
+    if (int size = DecodeLoop(at)) return size;
+    switch (OpcodeAt(code_, at)) {
+      case Opcode::kExact:
+        AddExact(at);
+        break;
+      case Opcode::kAnyChar:
+      case Opcode::kCharSet:
+      case Opcode::kCharSetNot:
+        Add(Step::kClass, 0, ClassOf(at));
+        break;
+      case Opcode::kLineStart:
+        Add(Step::kLineStart, 0);
+        break;
+      case Opcode::kLineEnd:
+        Add(Step::kLineEnd, 0);
+        break;
+      case Opcode::kWordStart:
+        Add(Step::kWordStart, 0);
+        break;
+      case Opcode::kWordEnd:
+        Add(Step::kWordEnd, 0);
+        break;
+      case Opcode::kGroupStart:
+        AddGroupStep(Step::kGroupStart, at);
+        break;
+      case Opcode::kGroupEnd:
+        AddGroupStep(Step::kGroupEnd, at);
+        break;
+      case Opcode::kBackRef:
+        AddGroupStep(Step::kBackRef, at);
+        break;
+      case Opcode::kOnFailureJump:
+        Add(Step::kPush, 0, Bounded(JumpTarget(code_, at)));
+        break;
+      case Opcode::kDummyFailureJump:
+        Add(Step::kPushDormant, 0, Bounded(JumpTarget(code_, at)));
+        break;
+      case Opcode::kJump:
+      case Opcode::kFinalizeJump:
+      case Opcode::kMaybeFinalizeJump:
+        AddLoopEnd(Step::kLoopEnd, at, Bounded(JumpTarget(code_, at)));
+        break;
+      default:
+        break;
+    }
+    return OperationSize(code_, at);
+  }
+
+  void AddExact(int at) {
+    int count = CodeByte(code_, at + 1);
+    if (count > 1) {
+      Add(foldCase_ ? Step::kFoldedLiteral : Step::kLiteral, count, 0, at + 2);
+    } else if (foldCase_ && IsFoldedLetter(CodeByte(code_, at + 2))) {
+      Add(Step::kClass, 0, ClassOf(at));
+    } else {
+      Add(Step::kByte, CodeByte(code_, at + 2));
+    }
+  }
+
+  void AddGroupStep(Step step, int at) {
+    int reg = CodeByte(code_, at + 1);
+    program_.registerCount = std::max(program_.registerCount, reg + 1);
+    Add(step, reg);
+  }
+
+  void AddLoopEnd(Step step, int jumpAt, int index) {
+    Add(step, 0, index, jumpAt);
+    if (OpcodeAt(code_, jumpAt) == Opcode::kFinalizeJump) program_.steps.back().mode = LoopMode::kPossessive;
+    if (OpcodeAt(code_, jumpAt) == Opcode::kJump) program_.steps.back().mode = LoopMode::kBacktracking;
+  }
+
+  bool IsSingleChar(int at) const {
+    Opcode op = OpcodeAt(code_, at);
+    return op == Opcode::kAnyChar || op == Opcode::kCharSet || op == Opcode::kCharSetNot ||
+           (op == Opcode::kExact && CodeByte(code_, at + 1) == 1);
+  }
+
+  // The length of a loop over one character whose OnFailureJump stands at `at`, or 0: nothing else may jump
+  // into its middle.
+  int StarSize(int at, int jumpsToBody) const {
+    int body = at + kJumpSize;
+    if (at >= End() || OpcodeAt(code_, at) != Opcode::kOnFailureJump || !IsSingleChar(body)) return 0;
+    int close = body + OperationSize(code_, body), after = close + kJumpSize;
+    bool isLoop = after <= End() && IsLoopEnd(OpcodeAt(code_, close)) && JumpTarget(code_, close) == at &&
+                  JumpTarget(code_, at) == after;
+    return isLoop && jumpsTo_[body] == jumpsToBody && jumpsTo_[close] == 0 ? after - at : 0;
+  }
+
+  int DecodeLoop(int at) {
+    if (int size = StarSize(at, 0)) {
+      AddLoopEnd(Step::kStar, at + size - kJumpSize, ClassOf(at + kJumpSize));
+      return size;
+    }
+    int star = at + kJumpSize;
+    if (OpcodeAt(code_, at) != Opcode::kDummyFailureJump || JumpTarget(code_, at) != star + kJumpSize)
+      return 0;
+    int size = StarSize(star, 1);
+    if (size == 0 || jumpsTo_[star] != 1) return 0;
+    AddLoopEnd(Step::kPlus, star + size - kJumpSize, ClassOf(star + kJumpSize));
+    return kJumpSize + size;
+  }
+
+  // The index of the class of text bytes that the one-character operation at `at` matches.
+  int ClassOf(int at) {
+    Opcode op = OpcodeAt(code_, at);
+    Members members{};
+    for (int c = 0; c < 256; ++c) {
+      int folded = fold_[static_cast<std::size_t>(c)];
+      members[static_cast<std::size_t>(c)] = op == Opcode::kAnyChar ? folded != '\r' && folded != '\n'
+                                             : op == Opcode::kExact
+                                                 ? folded == CodeByte(code_, at + 2)
+                                                 : IsInBitmap(code_, at, folded) == (op == Opcode::kCharSet);
+    }
+    auto [entry, isNew] = classIndex_.try_emplace(members, static_cast<int>(program_.classes.size()));
+    if (isNew) program_.classes.emplace_back(members);
+    return entry->second;
+  }
+
+  ByteCode code_;
+  const FoldTable& fold_;
+  bool foldCase_;
+  std::vector<int> jumpsTo_;  // how many jumps lead to each code position
+  std::vector<int> indexOf_;
+  std::map<Members, int> classIndex_;
+  MatchProgram program_;
+};
+
+}  // namespace
+
+MatchProgram DecodeProgram(ByteCode code, bool foldCase) {
+  return Decoder(code, foldCase).Run();
+}
+
+}  // namespace tarrow

@@ -1,0 +1,152 @@
+// What the control draws step by step is what it draws when everything is drawn anew.
+#include "framework/handle.h"
+#include "tests/edit/control/control_host.h"
+
+#include <algorithm>
+#include <random>
+#include <vector>
+
+namespace tarrow {
+namespace {
+
+using Picture = std::vector<std::uint32_t>;
+
+Picture PictureOf(HWND window) {
+  RECT client{};
+  ::GetClientRect(window, &client);
+  BITMAPINFO info{};
+  info.bmiHeader = {sizeof info.bmiHeader, client.right, -client.bottom, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+  void* bits = nullptr;
+  ClientDc from(window);
+  MemoryDcHandle to(::CreateCompatibleDC(from));
+  BitmapHandle bitmap(::CreateDIBSection(from, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+  SelectedObject selected(to.Get(), bitmap.Get());
+  ::BitBlt(to.Get(), 0, 0, client.right, client.bottom, from, 0, 0, SRCCOPY);
+  ::GdiFlush();
+  auto pixels = static_cast<const std::uint32_t*>(bits);
+  return Picture(pixels, pixels + client.right * client.bottom);
+}
+
+// The box of the pixels in which two pictures of a width of `width` differ, for a failure's message.
+std::string Difference(const Picture& a, const Picture& b, std::size_t width) {
+  std::size_t left = width, right = 0, top = a.size(), bottom = 0;
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    if (a[i] == b[i]) continue;
+    left = std::min(left, i % width);
+    right = std::max(right, i % width);
+    top = std::min(top, i / width);
+    bottom = i / width;
+  }
+  return std::to_string(left) + "," + std::to_string(top) + " to " + std::to_string(right) + "," +
+         std::to_string(bottom);
+}
+
+class PaintedHost : public ControlHost {
+ public:
+  PaintedHost() {
+    ::SetFocus(nullptr);  // no caret: it blinks
+    ::ShowWindow(Handle(), SW_SHOWNOACTIVATE);
+    PumpMessages();
+  }
+  Picture Drawn() const {
+    ::UpdateWindow(control.Handle());
+    return PictureOf(control.Handle());
+  }
+  Picture DrawnAnew() const {
+    control.Invalidate();
+    return Drawn();
+  }
+};
+
+std::string SampleText() {
+  std::string text;
+  for (int i = 0; i < 60; ++i)
+    text += std::string(static_cast<std::size_t>(i % 7), '\t') + "line " + std::to_string(i) +
+            " caf\xC3\xA9 " + std::string(static_cast<std::size_t>(i * 37 % 120), 'w') + "\r\n";
+  return text;
+}
+
+TEST(TextControlPaint, ShowsTextAndSelection) {
+  PaintedHost host;
+  Picture empty = host.Drawn();
+  host.SetText("text");
+  Picture text = host.Drawn();
+  EXPECT_NE(empty, text);
+  host.control.Select(BytePos(0), BytePos(4));
+  EXPECT_NE(text, host.Drawn());
+  host.control.Select(BytePos(0), BytePos(0));
+  EXPECT_EQ(text, host.Drawn());
+  host.control.Select(BytePos(0), BytePos(4));
+  host.control.Clear();
+  EXPECT_EQ(empty, host.Drawn());
+}
+
+BytePos SomePlace(const ControlHost& host, std::mt19937& random) {
+  return BytePos(
+      static_cast<std::int64_t>(random() % static_cast<unsigned>(host.control.Buffer().Size() + 1)));
+}
+
+void SelectSomewhere(ControlHost& host, std::mt19937& random) {
+  BytePos at = SomePlace(host, random);
+  host.control.Select(at, at + static_cast<int>(random() % 3 * 70));
+}
+
+void Scroll(ControlHost& host, std::mt19937& random) {
+  host.control.ScrollBy(static_cast<int>(random() % 9) - 4, static_cast<int>(random() % 9) - 4);
+}
+
+void ReplaceSomewhere(ControlHost& host, std::mt19937& random) {
+  BytePos at = SomePlace(host, random);
+  host.control.Replace({at, at}, "\r\nnew\r\n");
+}
+
+void IndentTheFirstLines(ControlHost& host, std::mt19937&) {
+  EditList edits;
+  for (LineNo line(0); line < std::min(LineNo(5), host.control.Buffer().LineCount()); ++line) {
+    BytePos at = host.control.Buffer().LineStart(line);
+    edits.Add({at, at}, "  ");
+  }
+  host.control.Apply(edits, host.control.Selection());
+}
+
+struct Step {
+  const char* name;
+  void (*act)(ControlHost& host, std::mt19937& random);
+};
+constexpr Step kSteps[] = {
+    {"typing", [](ControlHost& host, std::mt19937&) { host.Type(u"ab\u00E9"); }},
+    {"breaking a line", [](ControlHost& host, std::mt19937&) { host.Type(u"\r"); }},
+    {"a tab", [](ControlHost& host, std::mt19937&) { host.Type(u"\t"); }},
+    {"backspace", [](ControlHost& host, std::mt19937&) { host.Type(u"\b"); }},
+    {"delete", [](ControlHost& host, std::mt19937&) { host.Press(VK_DELETE); }},
+    {"up", [](ControlHost& host, std::mt19937&) { host.Press(VK_UP); }},
+    {"selecting down", [](ControlHost& host, std::mt19937&) { host.Press(VK_DOWN, true); }},
+    {"selecting left", [](ControlHost& host, std::mt19937&) { host.Press(VK_LEFT, true); }},
+    {"selecting to the end", [](ControlHost& host, std::mt19937&) { host.Press(VK_END, true); }},
+    {"end", [](ControlHost& host, std::mt19937&) { host.Press(VK_END); }},
+    {"page down", [](ControlHost& host, std::mt19937&) { host.Press(VK_NEXT); }},
+    {"page up, selecting", [](ControlHost& host, std::mt19937&) { host.Press(VK_PRIOR, true); }},
+    {"undo", [](ControlHost& host, std::mt19937&) { host.control.UndoLast(); }},
+    {"a selection elsewhere", SelectSomewhere},
+    {"scrolling", Scroll},
+    {"a replacement elsewhere", ReplaceSomewhere},
+    {"a list", IndentTheFirstLines},
+};
+
+TEST(TextControlPaint, StepByStepIsTheSameAsAnew) {
+  std::mt19937 random(13);
+  PaintedHost host;
+  host.SetText(SampleText());
+  for (int i = 0; i < 120; ++i) {
+    const Step& step = kSteps[random() % std::size(kSteps)];
+    step.act(host, random);
+    Picture drawn = host.Drawn(), anew = host.DrawnAnew();
+    ASSERT_TRUE(drawn == anew) << "step " << i << ", " << step.name << ": pixels "
+                               << Difference(drawn, anew,
+                                             static_cast<std::size_t>(host.control.ClientRect().right))
+                               << " differ";
+  }
+}
+
+}  // namespace
+}  // namespace tarrow

@@ -1,0 +1,180 @@
+#include "search/find/find_commands.h"
+
+#include "resources/resource.h"
+#include "tests/edit/commands/edit_fixture.h"
+#include "ui/program/string_ids.h"
+
+#include <gtest/gtest.h>
+
+namespace tarrow {
+namespace {
+
+class FindCommandsTest : public testing::Test {
+ protected:
+  std::string Run(UINT id, std::string_view before) {
+    edit_.SetMarked(before);
+    EXPECT_TRUE(find_.Run(id));
+    return edit_.Marked();
+  }
+
+  HWND Dialog() const { return find_.Dialog() ? find_.Dialog()->Handle() : nullptr; }
+  void SetField(int id, const wchar_t* text) { ::SetDlgItemTextW(Dialog(), id, text); }
+  void Click(int id) { ::SendMessageW(::GetDlgItem(Dialog(), id), BM_CLICK, 0, 0); }
+
+  FramedHost host_;
+  EditFixture edit_{host_};
+  TextControl* active_ = &edit_.control;
+  FindCommands find_{host_, [this] { return active_; }};
+};
+
+// The dialog sends its notifications to the frame, which the fake host owns.
+class FindDialogTest : public FindCommandsTest {
+ protected:
+  void SetUp() override {
+    previous_ =
+        ::SetWindowLongPtrW(host_.Frame().Handle(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&find_));
+    procedure_ = reinterpret_cast<WNDPROC>(
+        ::SetWindowLongPtrW(host_.Frame().Handle(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(FrameProc)));
+  }
+  void TearDown() override {
+    find_.CloseDialog();
+    ::SetWindowLongPtrW(host_.Frame().Handle(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure_));
+  }
+
+ private:
+  static LRESULT CALLBACK FrameProc(HWND frame, UINT message, WPARAM w, LPARAM l) {
+    auto* find = reinterpret_cast<FindCommands*>(::GetWindowLongPtrW(frame, GWLP_USERDATA));
+    if (message == kFindReplaceMessage) return find->OnNotification(l), 0;
+    if (message == kCommonDialogHelp) return find->OnHelp(), 0;
+    return ::CallWindowProcW(procedure_, frame, message, w, l);
+  }
+
+  static inline WNDPROC procedure_;
+  LONG_PTR previous_ = 0;
+};
+
+TEST_F(FindCommandsTest, FindsTheSelectionAsAPattern) {
+  EXPECT_EQ(Run(kSearchFindNext, "«a.b» a.b axb"), "a.b «a.b» axb");
+  EXPECT_TRUE(PumpUntil([&] { return edit_.caretMoves > 0; }));
+  EXPECT_TRUE(find_.Run(kSearchFindNext));
+  EXPECT_EQ(edit_.Marked(), "a.b a.b «axb»");
+  EXPECT_TRUE(find_.Run(kSearchFindPrev));
+  EXPECT_EQ(edit_.Marked(), "a.b a.b «axb»") << "the pattern is now axb, and nothing else matches";
+  EXPECT_EQ(host_.boxes, std::vector<int>{kTextRestartFromEnd});
+  EXPECT_EQ(host_.waits, 0);
+}
+
+TEST_F(FindCommandsTest, ASelectionOverLinesLeavesThePatternAlone) {
+  Run(kSearchFindNext, "«ab» ab");
+  EXPECT_EQ(Run(kSearchFindNext, "«x\ny» ab"), "x\ny «ab»");
+  EXPECT_EQ(find_.State().pattern, "ab");
+}
+
+TEST_F(FindCommandsTest, AsksBeforeItRestartsAndTellsWhenNothingIsThere) {
+  host_.answer = IDCANCEL;
+  EXPECT_EQ(Run(kSearchFindNext, "ab «ab»"), "ab «ab»");
+  EXPECT_EQ(host_.boxes, std::vector<int>{kTextRestartFromStart});
+  EXPECT_EQ(host_.subjects, std::vector<std::string>{"ab"});
+}
+
+TEST_F(FindCommandsTest, ReplaceNextReplacesForGood) {
+  Run(kSearchFindNext, "«ab» ab");
+  EXPECT_EQ(Run(kSearchReplaceNext, "‸x ab"), "x ‸");
+  EXPECT_FALSE(edit_.control.CanUndo());
+}
+
+TEST_F(FindCommandsTest, WarnsWithoutAWindowAndForAReadOnlyOne) {
+  edit_.control.SetReadOnly(true);
+  Run(kSearchReplaceNext, "‸ab");
+  Run(kSearchReplace, "‸ab");
+  EXPECT_EQ(host_.alerts.size(), 2u);
+  EXPECT_FALSE(find_.State(kSearchReplace).enabled);
+  EXPECT_TRUE(find_.State(kSearchFind).enabled);
+  active_ = nullptr;
+  EXPECT_TRUE(find_.Run(kSearchFind));
+  EXPECT_EQ(host_.alerts.size(), 3u);
+  EXPECT_FALSE(find_.State(kSearchFind).enabled);
+  EXPECT_EQ(Dialog(), nullptr);
+}
+
+TEST_F(FindDialogTest, FindsWhatIsTyped) {
+  Run(kSearchFind, "‸one two");
+  ASSERT_NE(Dialog(), nullptr);
+  SetField(IDC_FIND_WHAT, L"t.o");
+  Click(IDOK);
+  EXPECT_EQ(edit_.Marked(), "one «two»");
+  EXPECT_TRUE(find_.Run(kSearchFind)) << "brings the dialog forward";
+}
+
+TEST_F(FindDialogTest, TakesTheSelectionAndTheOptions) {
+  Run(kSearchReplace, "«One» one oneself one");
+  wchar_t text[16];
+  ::GetDlgItemTextW(Dialog(), IDC_FIND_WHAT, text, 16);
+  EXPECT_STREQ(text, L"One");
+  Click(IDC_MATCH_CASE);
+  Click(IDC_WHOLE_WORD);
+  SetField(IDC_REPLACE_WITH, L"[&]");
+  Click(IDC_REPLACE_ALL);
+  EXPECT_EQ(edit_.control.View().Copy(), "[One] [one] oneself [one]");
+  EXPECT_TRUE(edit_.control.UndoLast());
+  EXPECT_EQ(edit_.Marked(), "«One» one oneself one") << "one unit of undo";
+}
+
+TEST_F(FindDialogTest, ReplacesTheMatchAndThenTheNext) {
+  Run(kSearchReplace, "‸ab ab");
+  SetField(IDC_FIND_WHAT, L"\\(a\\)b");
+  SetField(IDC_REPLACE_WITH, L"\\1\\1\\1");
+  Click(IDC_REPLACE);
+  EXPECT_EQ(edit_.Marked(), "«aaa» ab");
+  Click(IDOK);
+  EXPECT_EQ(edit_.Marked(), "aaa «ab»");
+  Click(IDC_REPLACE);
+  EXPECT_EQ(edit_.Marked(), "aaa «aaa»");
+}
+
+TEST_F(FindDialogTest, ReplacesInTheSelectionOnly) {
+  Run(kSearchReplace, "a «a\na» a");
+  SetField(IDC_FIND_WHAT, L"a");
+  SetField(IDC_REPLACE_WITH, L"b");
+  Click(IDC_SELECTION_ONLY);
+  Click(IDC_REPLACE_ALL);
+  EXPECT_EQ(edit_.control.View().Copy(), "a b\r\nb a");
+  EXPECT_TRUE(host_.boxes.empty());
+}
+
+TEST_F(FindDialogTest, ReportsABadPatternAndThatNothingWasReplaced) {
+  Run(kSearchReplace, "‸ab");
+  SetField(IDC_FIND_WHAT, L"[a");
+  Click(IDC_REPLACE_ALL);
+  SetField(IDC_FIND_WHAT, L"x");
+  Click(IDC_REPLACE_ALL);
+  EXPECT_EQ(host_.boxes, (std::vector<int>{kTextBadPattern, kTextNotFound}));
+}
+
+TEST_F(FindDialogTest, StandsAtTheRightEdgeAndThenWhereItWasLeft) {
+  Run(kSearchFind, "‸a");
+  RECT client{}, first{}, again{};
+  HWND frame = host_.Frame().Handle();
+  ::GetClientRect(frame, &client);
+  ::MapWindowPoints(frame, nullptr, reinterpret_cast<POINT*>(&client), 2);
+  ::GetWindowRect(Dialog(), &first);
+  EXPECT_EQ(first.right, client.right - ::GetSystemMetrics(SM_CXVSCROLL));
+  EXPECT_EQ(first.top, client.top);
+  ::SetWindowPos(Dialog(), nullptr, 11, 22, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+  ::GetWindowRect(Dialog(), &first);
+  find_.CloseDialog();
+  ASSERT_EQ(Dialog(), nullptr);
+  Run(kSearchReplace, "‸a");
+  ::GetWindowRect(Dialog(), &again);
+  EXPECT_EQ(again.right, first.right);
+  EXPECT_EQ(again.top, first.top);
+}
+
+TEST_F(FindDialogTest, OpensTheHelpOfItsForm) {
+  Run(kSearchReplace, "‸a");
+  Click(IDC_FIND_HELP);
+  EXPECT_EQ(host_.helpContexts, std::vector<unsigned>{2});
+}
+
+}  // namespace
+}  // namespace tarrow
