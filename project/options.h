@@ -1,15 +1,13 @@
 // The options of a build environment: their keys, and what stands for one that is not stored.
 #pragma once
 
+#include "ui/program/project_options.h"
 #include "ui/program/string_ids.h"
 
 #include <string>
 #include <string_view>
 
 namespace tarrow {
-
-// The options that code asks for by name, as places in the list of all.
-enum ProjectOption : int { kOptionFileFilter = 23 };
 
 // The key of an option (0 to kOptionCount - 1) in the section of an environment.
 [[nodiscard]] std::string_view OptionKey(int option);

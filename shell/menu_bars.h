@@ -6,7 +6,7 @@
 
 #include "framework/handle.h"
 #include "framework/mdi.h"
-#include "ui/program/messages.h"
+#include "ui/program/private_messages.h"
 
 #include <functional>
 #include <string>

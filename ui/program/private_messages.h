@@ -1,0 +1,15 @@
+// The private messages of the program's windows.
+#pragma once
+
+#include <windows.h>
+
+namespace tarrow {
+
+// Posted to the frame: which menu bar to show (wParam is a MenuBar). Posted, since the menu must not change
+// while windows are being activated.
+inline constexpr UINT kShowMenuMessage = WM_USER + 2;
+
+// The menu bars by their old resource numbers.
+enum class MenuBar { kNoDocument = 3, kEdit = 4 };
+
+}  // namespace tarrow
