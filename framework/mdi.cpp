@@ -2,8 +2,6 @@
 
 #include "framework/unicode.h"
 
-#include <vector>
-
 namespace tarrow {
 
 constinit const MessageMap CMDIFrameWnd::kMessageMap = MessageMap::Make<&CWnd::kMessageMap>();
@@ -63,14 +61,27 @@ void CMDIFrameWnd::MaximiseChild(CMDIChildWnd& child) {
 
 bool CMDIFrameWnd::QueryCommand(UINT id, CommandState& state) const {
   CMDIChildWnd* child = client_ ? ActiveChild() : nullptr;
-  return (child && child->QueryCommand(id, state)) || CWnd::QueryCommand(id, state);
+  if (child && child->QueryCommand(id, state)) return true;
+  for (const CommandTarget* target : targets_)
+    if (target->QueryCommand(id, state)) return true;
+  return CWnd::QueryCommand(id, state);
 }
 
 bool CMDIFrameWnd::RunCommand(UINT id, UINT code, HWND control, LRESULT& result) {
-  if (!control)
-    if (CMDIChildWnd* child = ActiveChild(); child && child->RunCommand(id, code, control, result))
-      return true;
+  if (!control) {
+    CMDIChildWnd* child = ActiveChild();
+    if (child && child->RunCommand(id, code, control, result)) return true;
+    for (CommandTarget* target : targets_)
+      if (target->RunCommand(id, code, control, result)) return true;
+  }
   return CWnd::RunCommand(id, code, control, result);
+}
+
+LRESULT CMDIFrameWnd::WindowProc(UINT message, WPARAM w, LPARAM l) {
+  if (message != WM_COMMAND && !GetMessageMap().Find(message))
+    for (CommandTarget* target : targets_)
+      if (LRESULT result = 0; target->HandleMessage(message, w, l, result)) return result;
+  return CWnd::WindowProc(message, w, l);
 }
 
 LRESULT CMDIFrameWnd::DefaultProc(UINT message, WPARAM w, LPARAM l) {

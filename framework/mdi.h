@@ -1,6 +1,7 @@
 // The MDI frame and its children.
 //
-// The frame owns the client window and hands a command first to the active child, then handles it itself. The
+// The frame owns the client window and hands a command first to the active child, then to its targets in
+// order, then handles it itself. The
 // children belong to their windows: a child deletes itself when its window is gone. Menu items and tool
 // buttons ask the same way whether a command can run.
 #pragma once
@@ -8,6 +9,7 @@
 #include "framework/wnd.h"
 
 #include <functional>
+#include <vector>
 
 namespace tarrow {
 
@@ -34,6 +36,10 @@ class CMDIFrameWnd : public CWnd {
   void ActivateChild(CMDIChildWnd& child);
   void MaximiseChild(CMDIChildWnd& child);
 
+  // Puts a target at the end of those that are asked between the active child and the frame itself. It must
+  // outlive the frame's window.
+  void AddTarget(CommandTarget& target) { targets_.push_back(&target); }
+
   bool QueryCommand(UINT id, CommandState& state) const override;
   bool RunCommand(UINT id, UINT code, HWND control, LRESULT& result) override;
 
@@ -45,12 +51,14 @@ class CMDIFrameWnd : public CWnd {
   [[nodiscard]] bool CreateClient(HMENU windowMenu);
 
   LRESULT DefaultProc(UINT message, WPARAM w, LPARAM l) override;
+  LRESULT WindowProc(UINT message, WPARAM w, LPARAM l) override;
 
  public:
   static constexpr UINT kFirstWindowId = 0xFF00;
 
  private:
   HWND client_ = nullptr;
+  std::vector<CommandTarget*> targets_;
 };
 
 class CMDIChildWnd : public CWnd {

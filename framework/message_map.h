@@ -1,6 +1,6 @@
 // Message maps: which member function handles which message, as constant tables.
 //
-// A window class declares `static const MessageMap kMessageMap;`, overrides GetMessageMap() to return it, and
+// A command target (a window, mostly) declares `static const MessageMap kMessageMap;`, overrides GetMessageMap() to return it, and
 // defines it from entries:
 //
 //   constinit const MessageMap CTwFrame::kMessageMap = MessageMap::Make<&CMDIFrameWnd::kMessageMap,
@@ -23,7 +23,7 @@
 
 namespace tarrow {
 
-class CWnd;
+class CommandTarget;
 
 // Whether a command can run now, and whether its menu item shows a check mark.
 struct CommandState {
@@ -36,8 +36,8 @@ struct MessageEntry {
   const UINT* registered = nullptr;  // instead of `message`: a number known only at run time
   UINT first = 0, last = 0;          // WM_COMMAND: the range of identifiers
   UINT code = 0;  // WM_COMMAND: the notification code, 0 for menus, accelerators and buttons
-  LRESULT (*handle)(CWnd& window, WPARAM w, LPARAM l) = nullptr;
-  CommandState (*state)(const CWnd& window, UINT id) = nullptr;
+  LRESULT (*handle)(CommandTarget& target, WPARAM w, LPARAM l) = nullptr;
+  CommandState (*state)(const CommandTarget& target, UINT id) = nullptr;
 
   constexpr bool Overlaps(const MessageEntry& other) const {
     if (registered || other.registered) return registered == other.registered;
@@ -95,18 +95,18 @@ template <auto F>
 using ClassOf = typename MemberOf<decltype(F)>::Class;
 
 template <UINT M, auto F>
-LRESULT CallMessage(CWnd& window, WPARAM w, LPARAM l) {
-  return MessageTraits<M>::template Call<F>(static_cast<ClassOf<F>&>(window), w, l);
+LRESULT CallMessage(CommandTarget& target, WPARAM w, LPARAM l) {
+  return MessageTraits<M>::template Call<F>(static_cast<ClassOf<F>&>(target), w, l);
 }
 
 template <auto F>
-LRESULT CallRegistered(CWnd& window, WPARAM w, LPARAM l) {
-  return (static_cast<ClassOf<F>&>(window).*F)(w, l);
+LRESULT CallRegistered(CommandTarget& target, WPARAM w, LPARAM l) {
+  return (static_cast<ClassOf<F>&>(target).*F)(w, l);
 }
 
 template <auto F>
-LRESULT CallCommand(CWnd& window, WPARAM w, LPARAM) {
-  auto& object = static_cast<ClassOf<F>&>(window);
+LRESULT CallCommand(CommandTarget& target, WPARAM w, LPARAM) {
+  auto& object = static_cast<ClassOf<F>&>(target);
   if constexpr (requires { (object.*F)(UINT{}); })
     (object.*F)(LOWORD(w));
   else
@@ -122,8 +122,8 @@ inline CommandState ToState(bool enabled) {
 }
 
 template <auto F>
-CommandState AskState(const CWnd& window, [[maybe_unused]] UINT id) {
-  auto& object = static_cast<const ClassOf<F>&>(window);
+CommandState AskState(const CommandTarget& target, [[maybe_unused]] UINT id) {
+  auto& object = static_cast<const ClassOf<F>&>(target);
   if constexpr (requires { (object.*F)(UINT{}); })
     return ToState((object.*F)(id));
   else

@@ -111,20 +111,6 @@ void CWnd::SetText(std::string_view text) {
   ::SetWindowTextW(handle_, ToWide(text).c_str());
 }
 
-bool CWnd::QueryCommand(UINT id, CommandState& state) const {
-  const MessageEntry* entry = GetMessageMap().FindCommand(id, 0);
-  if (!entry) return false;
-  state = entry->state ? entry->state(*this, id) : CommandState{};
-  return true;
-}
-
-bool CWnd::RunCommand(UINT id, UINT code, HWND control, LRESULT& result) {
-  const MessageEntry* entry = GetMessageMap().FindCommand(id, code);
-  if (!entry) return false;
-  result = entry->handle(*this, MAKEWPARAM(id, code), reinterpret_cast<LPARAM>(control));
-  return true;
-}
-
 CWnd::ExceptionReporter CWnd::SetExceptionReporter(ExceptionReporter reporter) {
   return std::exchange(exceptionReporter, reporter);
 }
@@ -145,8 +131,8 @@ LRESULT CWnd::WindowProc(UINT message, WPARAM w, LPARAM l) {
     auto control = reinterpret_cast<HWND>(l);
     UINT code = control ? HIWORD(w) : 0;
     if (LRESULT result = 0; RunCommand(LOWORD(w), code, control, result)) return result;
-  } else if (const MessageEntry* entry = GetMessageMap().Find(message)) {
-    return entry->handle(*this, w, l);
+  } else if (LRESULT result = 0; HandleMessage(message, w, l, result)) {
+    return result;
   }
   return Default();
 }

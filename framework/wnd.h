@@ -1,4 +1,4 @@
-// CObject and CWnd: a window as an object, and how messages reach it.
+// CWnd: a window as an object, and how messages reach it.
 //
 // A CWnd is a handle and a message map. The object is bound to its window at the window's very first message
 // (WM_GETMINMAXINFO comes before WM_NCCREATE), so no message is ever missed, and unbound at its last. It may
@@ -9,7 +9,7 @@
 // All windows belong to the one user-interface thread.
 #pragma once
 
-#include "framework/message_map.h"
+#include "framework/command_target.h"
 
 #include <windows.h>
 
@@ -19,14 +19,6 @@
 #include <string_view>
 
 namespace tarrow {
-
-class CObject {
- public:
-  CObject() = default;
-  virtual ~CObject() = default;
-  CObject(const CObject&) = delete;
-  CObject& operator=(const CObject&) = delete;
-};
 
 // A window class: registered once, at the first window of that name. Fields left out have the usual values.
 struct WindowClass {
@@ -47,7 +39,7 @@ struct WindowSpec {
   HMENU menuOrId = nullptr;
 };
 
-class CWnd : public CObject {
+class CWnd : public CommandTarget {
  public:
   ~CWnd() override;
 
@@ -79,12 +71,6 @@ class CWnd : public CObject {
   std::string Text() const;
   void SetText(std::string_view text);
 
-  // Whether a command of this window can run now; null when the window does not know the command.
-  virtual bool QueryCommand(UINT id, CommandState& state) const;
-
-  // Runs a command (code 0) or handles a control's notification; false when the window does not know it.
-  virtual bool RunCommand(UINT id, UINT code, HWND control, LRESULT& result);
-
   // A message taken from the queue, before it is dispatched: true when it has been dealt with.
   virtual bool PreDispatch(const MSG&) { return false; }
 
@@ -96,7 +82,7 @@ class CWnd : public CObject {
   CWnd() = default;
 
   static const MessageMap kMessageMap;
-  virtual const MessageMap& GetMessageMap() const { return kMessageMap; }
+  const MessageMap& GetMessageMap() const override { return kMessageMap; }
 
   // The window's own answer to a message that no handler takes.
   virtual LRESULT DefaultProc(UINT message, WPARAM w, LPARAM l);
