@@ -59,6 +59,13 @@ void CMDIFrameWnd::MaximiseChild(CMDIChildWnd& child) {
   ::SendMessageW(client_, WM_MDIMAXIMIZE, reinterpret_cast<WPARAM>(child.Handle()), 0);
 }
 
+void CMDIFrameWnd::TellTargets(UINT message) {
+  for (CommandTarget* target : targets_) {
+    LRESULT ignored = 0;
+    target->HandleMessage(message, 0, 0, ignored);
+  }
+}
+
 bool CMDIFrameWnd::QueryCommand(UINT id, CommandState& state) const {
   CMDIChildWnd* child = client_ ? ActiveChild() : nullptr;
   if (child && child->QueryCommand(id, state)) return true;

@@ -40,6 +40,9 @@ class CMDIFrameWnd : public CWnd {
   // outlive the frame's window.
   void AddTarget(CommandTarget& target) { targets_.push_back(&target); }
 
+  // Hands a message to every target that has a handler for it.
+  void TellTargets(UINT message);
+
   bool QueryCommand(UINT id, CommandState& state) const override;
   bool RunCommand(UINT id, UINT code, HWND control, LRESULT& result) override;
 

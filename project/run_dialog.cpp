@@ -2,7 +2,6 @@
 
 #include "edit/documents/file_dialogs.h"
 #include "framework/directories.h"
-#include "framework/mdi.h"
 #include "framework/text_resources.h"
 #include "framework/unicode.h"
 #include "resources/resource.h"
@@ -27,14 +26,14 @@ DWORD Start(const RunRequest& request) {
   return 0;
 }
 
-void ReportFailure(Host& host, const RunRequest& request, DWORD error) {
+void ReportFailure(Messages& messages, const RunRequest& request, DWORD error) {
   std::string program = ProgramName(request.commandLine);
   if (error == ERROR_FILE_NOT_FOUND)
-    host.ShowMessageBox(nullptr, MB_ICONEXCLAMATION, kTextCannotOpen, {program});
+    messages.ShowMessageBox(nullptr, MB_ICONEXCLAMATION, kTextCannotOpen, {program});
   else if (error == ERROR_BAD_FORMAT || error == ERROR_BAD_EXE_FORMAT)
-    host.ShowMessageBox(nullptr, MB_ICONEXCLAMATION, kTextBadExecutable, {program});
+    messages.ShowMessageBox(nullptr, MB_ICONEXCLAMATION, kTextBadExecutable, {program});
   else
-    host.ShowMessageBox(nullptr, MB_ICONEXCLAMATION, kTextCreateProcess, {error, request.commandLine});
+    messages.ShowMessageBox(nullptr, MB_ICONEXCLAMATION, kTextCreateProcess, {error, request.commandLine});
 }
 
 }  // namespace
@@ -43,9 +42,9 @@ bool ProgramExists(const std::string& name) {
   return ::SearchPathW(nullptr, ToWide(name).c_str(), nullptr, 0, nullptr, nullptr) != 0;
 }
 
-void RunProgram(Host& host, RunRequest request, bool ask) {
-  if ((ask || !request.valid) && CRunDialog(request).DoModal(host.Frame().Handle()) != IDOK) return;
-  if (DWORD error = Start(request)) ReportFailure(host, request, error);
+void RunProgram(HWND frame, Messages& messages, RunRequest request, bool ask) {
+  if ((ask || !request.valid) && CRunDialog(request).DoModal(frame) != IDOK) return;
+  if (DWORD error = Start(request)) ReportFailure(messages, request, error);
 }
 
 constinit const MessageMap CRunDialog::kMessageMap =

@@ -3,13 +3,13 @@
 
 #include "framework/dialog.h"
 #include "project/run_request.h"
-#include "ui/program/host.h"
+#include "ui/program/messages.h"
 
 namespace tarrow {
 
 // Starts the program of a request; with `ask`, or when the request is not valid, the user completes it in the
 // Run dialog first. A program that cannot be started is reported.
-void RunProgram(Host& host, RunRequest request, bool ask);
+void RunProgram(HWND frame, Messages& messages, RunRequest request, bool ask);
 
 // Whether the system finds a program of that name where it looks for programs.
 [[nodiscard]] bool ProgramExists(const std::string& name);

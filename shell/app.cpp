@@ -18,22 +18,7 @@ namespace {
 
 constexpr std::string_view kHelpFileName = "tarrow.hlp";
 
-// What a handler let out. Memory that ended has left everything as it was; the user is told, the program goes
-// on.
-void ReportException(Host& host, std::exception_ptr exception) {
-  try {
-    std::rethrow_exception(exception);
-  } catch (const CFileException& error) {
-    host.ShowFileError(nullptr, error);
-  } catch (const CYieldException&) {
-    host.Alert(MB_ICONEXCLAMATION);
-    host.ShowStatusId(kTextCancelled, 5);
-  } catch (const std::exception&) {
-    host.ReportOutOfMemory();
-  }
-}
-
-Host* reportingHost = nullptr;
+MessageBoxes* reporter = nullptr;
 
 // The placement of the settings, unless it stands off every screen: the system places the frame then.
 RECT FrameRectangle(const FramePlacement& placement) {
@@ -57,10 +42,9 @@ std::string WorkingDirectoryOf(const CommandLineOptions& options) {
 
 }  // namespace
 
-CTwApp::CTwApp() : program_{files_, MakeSettingsStore(AnsiToUtf8)}, frame_(program_) {
-  reportingHost = &frame_;
-  CWnd::SetExceptionReporter(
-      [](std::exception_ptr exception) { ReportException(*reportingHost, exception); });
+CTwApp::CTwApp() : program_(files_) {
+  reporter = &program_.messages;
+  CWnd::SetExceptionReporter([](std::exception_ptr exception) { reporter->ReportException(exception); });
 }
 
 int CTwApp::Run(std::string_view commandLine, int showCommand) {
@@ -71,43 +55,46 @@ int CTwApp::Run(std::string_view commandLine, int showCommand) {
   std::size_t named = OpenNamedFiles(options);
   if (options.print) return 1;
   if (named > 0)
-    frame_.ArrangeWindows(false);
+    program_.windows.Arrange(false);
   else
-    frame_.RestoreSession();
-  ::DragAcceptFiles(frame_.Handle(), TRUE);
-  return MessageLoop::Run(LoopTargets(), [this] { frame_.OnIdle(); });
+    program_.session.Restore();
+  ::DragAcceptFiles(program_.frame.Handle(), TRUE);
+  return MessageLoop::Run(LoopTargets(), [this] { program_.frame.OnIdle(); });
 }
 
 void CTwApp::FindPlaces(const CommandLineOptions& options) {
+  ProgramState& state = program_.state;
   DiskLookup disk;
-  program_.homeDirectory = HomeDirectory(ProgramPath());
-  program_.initFile = FindInitFile(disk, options.initFile, program_.homeDirectory);
-  program_.helpFile = program_.homeDirectory + std::string(kHelpFileName);
+  state.homeDirectory = HomeDirectory(ProgramPath());
+  state.initFile = FindInitFile(disk, options.initFile, state.homeDirectory);
+  state.helpFile = state.homeDirectory + std::string(kHelpFileName);
 }
 
 // The command line takes precedence over the settings.
 void CTwApp::LoadProgramSettings(const CommandLineOptions& options) {
-  files_.SetGlobalFile(program_.initFile);
+  ProgramState& state = program_.state;
+  files_.SetGlobalFile(state.initFile);
   files_.OnMoved([this](const std::string& wanted, const std::string& kept) {
-    frame_.ShowMessageBox(nullptr, MB_ICONINFORMATION, kTextSettingsElsewhere, {wanted, kept});
+    program_.messages.ShowMessageBox(nullptr, MB_ICONINFORMATION, kTextSettingsElsewhere, {wanted, kept});
   });
-  program_.settings.project.directory = WorkingDirectoryOf(options);
-  LoadSettings(files_, program_.store, true, program_.settings);
-  if (options.editorOnly) program_.settings.global.Set(kNoProject, true);
-  if (options.arrange) program_.settings.global.arrange = *options.arrange;
-  program_.screenFont = ToLogFont(program_.settings.global.screenFont);
+  state.settings.project.directory = WorkingDirectoryOf(options);
+  LoadSettings(files_, state.store, true, state.settings);
+  if (options.editorOnly) state.settings.global.Set(kNoProject, true);
+  if (options.arrange) state.settings.global.arrange = *options.arrange;
+  state.screenFont = ToLogFont(state.settings.global.screenFont);
 }
 
 bool CTwApp::ShowFrame(int showCommand) {
   std::string value;
-  (void)program_.store.ReadString(kSettingsSection, "Window", value);
+  (void)program_.state.store.ReadString(kSettingsSection, "Window", value);
   FramePlacement placement =
       ParsePlacement(value, ::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN));
-  if (!frame_.CreateMain(FrameRectangle(placement))) return false;
+  if (!program_.frame.CreateMain(FrameRectangle(placement))) return false;
   if (placement.maximised && showCommand != SW_SHOWMINNOACTIVE) showCommand = SW_SHOWMAXIMIZED;
-  frame_.LoadKeyBindings();
-  ::ShowWindow(frame_.Handle(), showCommand);
-  ::UpdateWindow(frame_.Handle());
+  program_.keys.Load();
+  program_.files.ShowRecentFiles();
+  ::ShowWindow(program_.frame.Handle(), showCommand);
+  ::UpdateWindow(program_.frame.Handle());
   return true;
 }
 
@@ -115,21 +102,21 @@ bool CTwApp::ShowFrame(int showCommand) {
 std::size_t CTwApp::OpenNamedFiles(const CommandLineOptions& options) {
   DiskLookup disk;
   CFileDir list(disk);
-  WaitState wait(frame_, !options.print);
+  WaitState wait(program_.wait, !options.print);
   std::size_t count = list.Build({options.files});
   while (const std::string* path = list.Next()) {
-    bool opened = frame_.OpenFile(*path, false, false);
+    bool opened = program_.files.OpenFile(*path, false, false);
     if (!options.print || !opened) continue;
-    CMDIChildWnd* child = frame_.ActiveChild();
+    CMDIChildWnd* child = program_.frame.ActiveChild();
     child->Send(WM_COMMAND, kFilePrint);
-    ::SendMessageW(frame_.Client(), WM_MDIDESTROY, reinterpret_cast<WPARAM>(child->Handle()), 0);
+    ::SendMessageW(program_.frame.Client(), WM_MDIDESTROY, reinterpret_cast<WPARAM>(child->Handle()), 0);
   }
   return count;
 }
 
 MessageLoop::Targets CTwApp::LoopTargets() const {
-  return {frame_.Handle(), frame_.Client(),
-          [this](UINT key, BYTE modifiers) { return frame_.CommandOfKey(key, modifiers); }};
+  return {program_.frame.Handle(), program_.frame.Client(),
+          [this](UINT key, BYTE modifiers) { return program_.keys.CommandOfKey(key, modifiers); }};
 }
 
 }  // namespace tarrow

@@ -8,8 +8,7 @@
 #include "framework/ctl3d.h"
 #include "framework/message_loop.h"
 #include "shell/command_line.h"
-#include "shell/frame.h"
-#include "shell/program_state.h"
+#include "shell/program.h"
 #include "shell/settings_files.h"
 
 #include <string_view>
@@ -34,8 +33,7 @@ class CTwApp {
   ComApartment com_;
   Ctl3dBinding ctl3d_;
   DiskSettingsFiles files_;
-  ProgramState program_;
-  CTwFrame frame_;
+  Program program_;
 };
 
 }  // namespace tarrow

@@ -186,6 +186,21 @@ bool TextControl::Apply(const EditList& edits, TextRange selection) {
   });
 }
 
+void TextControl::Append(std::string_view text) {
+  BytePos end = buffer_.End();
+  bool follows = anchor_ == end && caret_ == end;
+  LineNo last = buffer_.LastLine();
+  buffer_.Replace({end, end}, text, EditKind::kForgotten);
+  if (charset_.IsUtf8()) charset_ = Charset::Of(TextView(text));
+  checkpoints_.Truncate(end);
+  selectionBeforeList_.reset();
+  InvalidateFrom(last);
+  if (follows)
+    Select(buffer_.End(), buffer_.End());
+  else
+    UpdateScrollBars();
+}
+
 bool TextControl::UndoLast() {
   if (readOnly_ || !buffer_.CanUndo()) return false;
   TextRange now = Selection();

@@ -79,6 +79,11 @@ class TextControl final : public CWnd {
   bool Replace(TextRange range, std::string_view text, EditKind kind = EditKind::kCommand);
   bool Apply(const EditList& edits, TextRange selection);
 
+  // Puts text behind the end, for whoever writes and does not edit: nothing of it can be undone, the text
+  // does not count as modified, and the parent is not told. A caret at the end stays at the end; any other,
+  // and the view, stays where it is. Throws CMemoryException.
+  void Append(std::string_view text);
+
   // Types a character as the keyboard does: over the selection, in the charset of the text; '\r' breaks the
   // line.
   bool Type(char32_t code);

@@ -19,11 +19,11 @@ constinit const MessageMap CTwChild::kMessageMap = MessageMap::Make<
     OnCommand<kSetShowVScroll, &CTwChild::OnToggleVerticalScroll, &CTwChild::VerticalScrollState>,
     OnCommand<kSetFont, &CTwChild::OnFontCommand>>();
 
-CTwChild::CTwChild(Host& host, std::uint32_t flags)
-    : host_(host),
+CTwChild::CTwChild(const DocumentServices& program, std::uint32_t flags)
+    : program_(program),
       flags_((flags & kSessionFlags) | kUntitled),
       directory_(WorkingDirectory()),
-      fontChoice_(host.ScreenFont()),
+      fontChoice_(program.screenFont),
       font_(::CreateFontIndirectW(&fontChoice_)) {}
 
 bool CTwChild::QuerySave(int) {
@@ -31,10 +31,10 @@ bool CTwChild::QuerySave(int) {
 }
 
 void CTwChild::PublishState() {
-  host_.PublishIndicator(Indicator::kInsertMode, InsertModeState(flags_));
-  host_.PublishIndicator(Indicator::kEditMode, EditModeState(flags_));
-  host_.PublishIndicator(Indicator::kModification, ModificationState(flags_));
-  host_.PublishIndicator(Indicator::kIndentation, IndentationState(flags_));
+  program_.status.PublishIndicator(Indicator::kInsertMode, InsertModeState(flags_));
+  program_.status.PublishIndicator(Indicator::kEditMode, EditModeState(flags_));
+  program_.status.PublishIndicator(Indicator::kModification, ModificationState(flags_));
+  program_.status.PublishIndicator(Indicator::kIndentation, IndentationState(flags_));
 }
 
 void CTwChild::SetPath(std::string path) {
@@ -56,7 +56,7 @@ void CTwChild::SetUntitled(std::string title) {
 void CTwChild::ShowNewTitle() {
   if (!Exists()) return;
   ShowTitle(::IsIconic(Handle()));
-  host_.ChildRetitled(*this);
+  program_.events.ChildRetitled(*this);
 }
 
 void CTwChild::SetFont(const LOGFONTW& font) {
@@ -68,12 +68,12 @@ void CTwChild::SetFont(const LOGFONTW& font) {
 }
 
 bool CTwChild::OnCreate(const CREATESTRUCTW&) {
-  host_.ChildOpened(*this);
+  program_.events.ChildOpened(*this);
   return true;
 }
 
 void CTwChild::OnDestroy() {
-  host_.ChildClosed(*this);
+  program_.events.ChildClosed(*this);
 }
 
 void CTwChild::OnClose() {
@@ -98,7 +98,6 @@ void CTwChild::EnterDirectory() {
   } catch (const CFileException&) {
     return;  // the directory has gone: the current one stays, the document is as it was
   }
-  host_.DirectoryChanged();
 }
 
 void CTwChild::OnSize(UINT kind, int, int) {
@@ -113,23 +112,23 @@ void CTwChild::ShowTitle(bool minimised) {
 
 void CTwChild::OnMdiActivate(HWND deactivated, HWND activated) {
   if (activated == Handle())
-    host_.ChildActivated(*this, deactivated == nullptr);
+    program_.events.ChildActivated(*this, deactivated == nullptr);
   else
-    host_.ChildDeactivated(*this, activated == nullptr);
+    program_.events.ChildDeactivated(*this, activated == nullptr);
 }
 
 // The user's own maximising and restoring is how new windows are to come, too.
 void CTwChild::OnSysCommand(UINT command) {
   if (command == SC_MAXIMIZE)
-    host_.Settings().arrange = ArrangeMode::kMaximised;
+    program_.settings.arrange = ArrangeMode::kMaximised;
   else if (command == SC_RESTORE && ::IsZoomed(Handle()))
-    host_.Settings().arrange = ArrangeMode::kCascade;
+    program_.settings.arrange = ArrangeMode::kCascade;
 }
 
 void CTwChild::OnRButtonDown(UINT, POINT client) {
   ::SendMessageW(Frame().Client(), WM_MDIACTIVATE, reinterpret_cast<WPARAM>(Handle()), 0);
   ::ClientToScreen(Handle(), &client);
-  host_.ShowPopupMenu(client);
+  program_.events.ShowPopupMenu(client);
 }
 
 // The keyboard's menu key; the mouse has had its menu at the press.

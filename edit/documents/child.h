@@ -6,9 +6,9 @@
 #pragma once
 
 #include "edit/commands/child_flags.h"
+#include "edit/documents/document_services.h"
 #include "framework/handle.h"
 #include "framework/mdi.h"
-#include "ui/program/host.h"
 
 #include <cstdint>
 #include <string>
@@ -19,7 +19,7 @@ namespace tarrow {
 class CTwChild : public CMDIChildWnd {
  public:
   // Takes the low six bits of `flags`; the document has no name yet.
-  CTwChild(Host& host, std::uint32_t flags);
+  CTwChild(const DocumentServices& program, std::uint32_t flags);
 
   std::uint32_t Flags() const { return flags_; }
   bool Has(ChildFlag flag) const { return (flags_ & flag) != 0; }
@@ -41,7 +41,7 @@ class CTwChild : public CMDIChildWnd {
   static const MessageMap kMessageMap;
   const MessageMap& GetMessageMap() const override { return kMessageMap; }
 
-  Host& Program() const { return host_; }
+  const DocumentServices& Program() const { return program_; }
   void SetFlag(ChildFlag flag, bool on) { flags_ = on ? flags_ | flag : flags_ & ~std::uint32_t{flag}; }
   void SetFlags(std::uint32_t flags) { flags_ = flags; }
 
@@ -52,7 +52,7 @@ class CTwChild : public CMDIChildWnd {
   HFONT Font() const { return font_.Get(); }
   void SetFont(const LOGFONTW& font);
 
-  void Alert(UINT sound) const { host_.Alert(sound, this); }
+  void Alert(UINT sound) const { program_.messages.Alert(sound, this); }
 
   // The window whose scroll bars the Show commands switch.
   virtual HWND ScrollBarOwner() const { return Handle(); }
@@ -85,7 +85,7 @@ class CTwChild : public CMDIChildWnd {
   void ShowTitle(bool minimised);
   void ShowNewTitle();
 
-  Host& host_;
+  const DocumentServices& program_;
   std::uint32_t flags_;
   std::string path_;
   std::string directory_;

@@ -70,6 +70,11 @@ bool IsChecked(IFileDialogCustomize& controls, DWORD id) {
 
 }  // namespace
 
+std::string FileFilter(const ProjectOptions& options) {
+  std::string filter = options.Option(kOptionFileFilter);
+  return filter.empty() ? LoadText(kTextAllFilesFilter) : filter;
+}
+
 std::optional<OpenChoice> RunOpenDialog(HWND owner, std::string_view filter) {
   auto dialog = CreateComObject<IFileOpenDialog>(CLSID_FileOpenDialog);
   if (!dialog) return {};

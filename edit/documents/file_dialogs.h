@@ -5,6 +5,7 @@
 #pragma once
 
 #include "edit/files/file_format.h"
+#include "ui/program/project_options.h"
 
 #include <windows.h>
 
@@ -14,6 +15,10 @@
 #include <vector>
 
 namespace tarrow {
+
+// The filter list of the dialogs: descriptions and patterns, each ended by a vertical bar. It is the option
+// of the project's environment, or all files where that is empty.
+[[nodiscard]] std::string FileFilter(const ProjectOptions& options);
 
 struct OpenChoice {
   std::vector<std::string> paths;

@@ -39,23 +39,26 @@ constinit const MessageMap CTwFileEdit::kMessageMap =
                      OnCommand<kEditMerge, &CTwFileEdit::OnMerge, &CTwFileEdit::CanChange>,
                      OnCommand<kHelpFileStats, &CTwFileEdit::OnFileStats>>();
 
-CTwFileEdit::CTwFileEdit(Host& host, std::uint32_t flags)
-    : CTwChild(host, flags), commands_(host, control_, *this) {
+CTwFileEdit::CTwFileEdit(const DocumentServices& program, std::uint32_t flags)
+    : CTwChild(program, flags), commands_(program, control_, *this) {
   SetFlag(kTextWindow, true);
 }
 
-CTwFileEdit* CTwFileEdit::New(Host& host, std::uint32_t flags) {
-  auto* window = new CTwFileEdit(host, flags);  // belongs to its window
+CTwFileEdit* CTwFileEdit::New(const DocumentServices& program, std::uint32_t flags) {
+  auto* window = new CTwFileEdit(program, flags);  // belongs to its window
   window->SetUntitled(LoadText(kTextUntitled) + std::to_string(++untitledWindows));
   return window->CreateEdit() ? window : nullptr;
 }
 
-// The object is gone when this returns false.
 bool CTwFileEdit::CreateEdit() {
-  Host& host = Program();
-  bool maximised = host.Settings().arrange == ArrangeMode::kMaximised;
-  if (CreateChild(host.Frame(), kClass, Path(), 0, maximised)) return true;
-  host.ReportOutOfMemory();
+  return CreateEdit(kClass);
+}
+
+bool CTwFileEdit::CreateEdit(const WindowClass& windowClass) {
+  const DocumentServices& program = Program();
+  bool maximised = program.settings.arrange == ArrangeMode::kMaximised;
+  if (CreateChild(program.frame, windowClass, Path(), 0, maximised)) return true;
+  program.messages.ReportOutOfMemory();
   return false;
 }
 
@@ -72,7 +75,7 @@ bool CTwFileEdit::OnCreate(const CREATESTRUCTW& create) {
 void CTwFileEdit::OnFontChanged() {
   if (!control_.Exists()) return;
   control_.SetFont(Font());
-  control_.SetTabColumns(Program().Settings().tabSize);
+  control_.SetTabColumns(Program().settings.tabSize);
 }
 
 void CTwFileEdit::ApplySettings(const LOGFONTW* font) {
@@ -119,7 +122,7 @@ void CTwFileEdit::SetModified(bool modified) {
   if (!modified) control_.SetModified(false);
   if (Has(kModified) == modified) return;
   SetFlag(kModified, modified);
-  Program().PublishIndicator(Indicator::kModification, ModificationState(Flags()));
+  Program().status.PublishIndicator(Indicator::kModification, ModificationState(Flags()));
 }
 
 void CTwFileEdit::ChangeEditFlags(std::uint32_t flags) {
@@ -142,7 +145,7 @@ bool CTwFileEdit::RunCommand(UINT id, UINT code, HWND control, LRESULT& result) 
 
 void CTwFileEdit::OnErrSpace() {
   Alert(MB_ICONSTOP);
-  Program().ShowStatusId(kTextOutOfMemory, 5);
+  Program().status.ShowStatusId(kTextOutOfMemory, 5);
 }
 
 // Who goes sideways again and again, and has a mouse, wants the bar.
@@ -163,11 +166,22 @@ void CTwFileEdit::ShowHorizontalScroll(bool show) {
 }
 
 void CTwFileEdit::OnCaretMoved() {
-  if (::IsIconic(Handle())) return Program().PublishCaret(0, 0);
+  if (::IsIconic(Handle())) return Program().status.PublishCaret(0, 0);
   BytePos at = control_.Selection().end;
   LineNo line = control_.Buffer().LineOf(at);
-  Program().PublishCaret(static_cast<int>(line.value) + 1,
-                         static_cast<int>(at - control_.Buffer().LineStart(line)) + 1);
+  Program().status.PublishCaret(static_cast<int>(line.value) + 1,
+                                static_cast<int>(at - control_.Buffer().LineStart(line)) + 1);
+}
+
+void CTwFileEdit::ShowPlace(std::uint32_t line, std::uint32_t column) {
+  const TextBuffer& text = control_.Buffer();
+  auto number = std::min<std::int64_t>(std::max<std::uint32_t>(line, 1) - 1, text.LastLine().value);
+  TextRange range = text.LineRange(LineNo(number));
+  BytePos at = range.start;
+  for (; column > 1 && at < range.end; --column) at = control_.TextCharset().Next(text.View(), at);
+  control_.Select(at, at);
+  control_.ScrollBy(0, number - control_.LinesInView() / 4 - control_.TopLine().value);
+  OnCaretMoved();
 }
 
 void CTwFileEdit::PublishState() {
@@ -178,8 +192,9 @@ void CTwFileEdit::PublishState() {
 bool CTwFileEdit::QuerySave(int message) {
   if (!Has(kModified)) return true;
   int answer = IDYES;
-  if (message != 0 && !Program().Settings().Has(kSaveWithoutAsking))
-    answer = Program().ShowMessageBox(nullptr, MB_YESNOCANCEL | MB_ICONEXCLAMATION, message, {Path()});
+  if (message != 0 && !Program().settings.Has(kSaveWithoutAsking))
+    answer =
+        Program().messages.ShowMessageBox(nullptr, MB_YESNOCANCEL | MB_ICONEXCLAMATION, message, {Path()});
   if (answer != IDYES) return answer == IDNO;
   return Has(kUntitled) ? SaveAs() : Save();
 }

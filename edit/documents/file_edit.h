@@ -16,20 +16,24 @@
 
 namespace tarrow {
 
-class CTwFileEdit : public CTwChild, private EditingOwner {
+class CTwFileEdit : public CTwChild, protected EditingOwner {
  public:
   // The identifier of the text control within its window.
   static constexpr UINT kControlId = 3244;
 
   // Opens the file `path` (full, lower case) in a new window. Null when it could not be loaded, of which the
   // user has been told, or when he did not want it.
-  static CTwFileEdit* Open(Host& host, const std::string& path, std::uint32_t flags);
+  static CTwFileEdit* Open(const DocumentServices& program, const std::string& path, std::uint32_t flags);
 
   // A new window without a name, or null when it could not be made.
-  static CTwFileEdit* New(Host& host, std::uint32_t flags);
+  static CTwFileEdit* New(const DocumentServices& program, std::uint32_t flags);
 
   TextControl& Control() { return control_; }
   const TextControl& Control() const { return control_; }
+
+  // Puts the caret at a line and column, both one-based, and the line into the upper half of the view. A line
+  // beyond the end means the last one, a column beyond it (in characters; 0: none is meant) the line's end.
+  void ShowPlace(std::uint32_t line, std::uint32_t column);
 
   // Marks the text as changed or as clean.
   void SetModified(bool modified);
@@ -46,12 +50,19 @@ class CTwFileEdit : public CTwChild, private EditingOwner {
   static const MessageMap kMessageMap;
   const MessageMap& GetMessageMap() const override { return kMessageMap; }
 
+  CTwFileEdit(const DocumentServices& program, std::uint32_t flags);
+
+  // Makes the window; the object is gone when this returns false.
+  bool CreateEdit(const WindowClass& windowClass);
+
+  // Writes the text to a file; the user is told when that fails.
+  bool WriteText(const std::string& path, FileFormat format);
+
   HWND ScrollBarOwner() const override { return control_.Handle(); }
   void OnFontChanged() override;
   void ShowHorizontalScroll(bool show) override;
 
  private:
-  CTwFileEdit(Host& host, std::uint32_t flags);
   bool CreateEdit();
 
   // EditingOwner:

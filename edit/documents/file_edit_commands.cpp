@@ -34,8 +34,8 @@ UINT SoundOf(Beep beep) {
 
 }  // namespace
 
-EditingCommands::EditingCommands(Host& host, TextControl& control, EditingOwner& owner)
-    : host_(host), control_(control), owner_(owner) {
+EditingCommands::EditingCommands(const DocumentServices& program, TextControl& control, EditingOwner& owner)
+    : program_(program), control_(control), owner_(owner) {
   control.SetHooks(this);
 }
 
@@ -50,11 +50,11 @@ bool EditingCommands::Run(UINT id) {
     Do(*command);
   } catch (const CYieldException&) {
     owner_.Beep(MB_ICONEXCLAMATION);
-    host_.ShowStatusId(kTextCancelled, kStatusSeconds);
+    program_.status.ShowStatusId(kTextCancelled, kStatusSeconds);
   } catch (const CMemoryException&) {
-    host_.ReportOutOfMemory();
+    program_.messages.ReportOutOfMemory();
   } catch (const std::bad_alloc&) {
-    host_.ReportOutOfMemory();
+    program_.messages.ReportOutOfMemory();
   }
   control_.PostCaretMoved();
   return true;
@@ -111,7 +111,7 @@ void EditingCommands::Do(const EditingCommand& command) {
       return owner_.MarkClean();
     case kSearchMark:
     case kSearchGotoMark:
-      host_.ShowMessageBox(nullptr, MB_OK | MB_ICONEXCLAMATION, kTextUnimplemented);
+      program_.messages.ShowMessageBox(nullptr, MB_OK | MB_ICONEXCLAMATION, kTextUnimplemented);
       return;
     default:
       if (command.run) Play(command);
@@ -123,7 +123,7 @@ void EditingCommands::Play(const EditingCommand& command) {
   const TextBuffer& text = control_.Buffer();
   bool isLong = text.LineOf(selection.end) - text.LineOf(selection.start) >= kLinesAtOnce;
   std::optional<WaitState> wait;
-  if (command.changesText && isLong) wait.emplace(host_);
+  if (command.changesText && isLong) wait.emplace(program_.waiting);
   EscapeProgress escape;
   Show(RunEditingCommand(command, {control_.View(), selection, control_.TextCharset(), Indent(), &escape}),
        command.id);
@@ -132,7 +132,7 @@ void EditingCommands::Play(const EditingCommand& command) {
 void EditingCommands::Show(const EditOutcome& outcome, CommandId id) {
   if (outcome.beep == Beep::kNone) return void(control_.Apply(outcome.edits, outcome.selection));
   owner_.Beep(SoundOf(outcome.beep));
-  if (id == kSearchMatchBrace) host_.ShowStatusId(kTextNoMatchingBrace, kStatusSeconds);
+  if (id == kSearchMatchBrace) program_.status.ShowStatusId(kTextNoMatchingBrace, kStatusSeconds);
 }
 
 void EditingCommands::Undo() {
@@ -170,7 +170,7 @@ void EditingCommands::GotoLine() {
   const TextBuffer& text = control_.Buffer();
   BytePos previous = std::min(previousPosition_, text.End());
   CGotoLineDialog dialog(text.LineOf(previous).value + 1);
-  if (dialog.DoModal(host_.Frame().Handle()) != IDOK) return;
+  if (dialog.DoModal(program_.frame.Handle()) != IDOK) return;
   RememberPosition();
   std::int32_t lines = text.LineCount().value;
   LineNo target = GotoLineTarget(static_cast<std::uint64_t>(dialog.Number()), lines);
@@ -190,7 +190,7 @@ void EditingCommands::Toggle(CommandId id) {
 }
 
 IndentSettings EditingCommands::Indent() const {
-  const GlobalSettings& settings = host_.Settings();
+  const GlobalSettings& settings = program_.settings;
   return {settings.tabSize, settings.shiftWidth};
 }
 

@@ -8,7 +8,7 @@
 
 #include "edit/commands/editing_command.h"
 #include "edit/control/text_control.h"
-#include "ui/program/host.h"
+#include "edit/documents/document_services.h"
 
 namespace tarrow {
 
@@ -26,6 +26,9 @@ class EditingOwner {
   // The warning beep for this window.
   virtual void Beep(UINT sound) = 0;
 
+  // A double click in the text: true when it means something of its own here.
+  virtual bool OnTextDoubleClick(BytePos) { return false; }
+
  protected:
   ~EditingOwner() = default;
 };
@@ -33,7 +36,7 @@ class EditingOwner {
 class EditingCommands final : public TextControlHooks {
  public:
   // All three must outlive the object, which takes the control's keys from now on.
-  EditingCommands(Host& host, TextControl& control, EditingOwner& owner);
+  EditingCommands(const DocumentServices& program, TextControl& control, EditingOwner& owner);
 
   // Runs a command of editing_command.h; false when `id` is none.
   bool Run(UINT id);
@@ -65,7 +68,7 @@ class EditingCommands final : public TextControlHooks {
   bool Has(std::uint32_t flag) const { return (owner_.EditFlags() & flag) != 0; }
   IndentSettings Indent() const;
 
-  Host& host_;
+  const DocumentServices& program_;
   TextControl& control_;
   EditingOwner& owner_;
   BytePos previousPosition_;  // where the caret was before the last long jump

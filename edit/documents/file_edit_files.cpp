@@ -21,42 +21,43 @@ constexpr UINT kYesNo = MB_YESNO | MB_ICONQUESTION;
 // Asks the user about the contents of a file that is being loaded.
 class AskUser final : public LoadQuestions {
  public:
-  AskUser(Host& host, const std::string& path) : host_(host), path_(path) {}
+  AskUser(Messages& messages, const std::string& path) : messages_(messages), path_(path) {}
 
   bool AcceptControlByte(unsigned char byte) override {
-    return host_.ShowMessageBox(nullptr, kYesNo, kTextNonAnsi, {byte, path_}) == IDYES;
+    return messages_.ShowMessageBox(nullptr, kYesNo, kTextNonAnsi, {byte, path_}) == IDYES;
   }
   bool AcceptLineEnds() override {
-    return host_.ShowMessageBox(nullptr, kYesNo, kTextBadTerminators, {path_}) == IDYES;
+    return messages_.ShowMessageBox(nullptr, kYesNo, kTextBadTerminators, {path_}) == IDYES;
   }
 
  private:
-  Host& host_;
+  Messages& messages_;
   const std::string& path_;
 };
 
 // Loads a file and tells the user why when that fails.
-std::optional<LoadedText> LoadFile(Host& host, const std::string& path, std::int64_t maxSize) {
+std::optional<LoadedText> LoadFile(Messages& messages, const std::string& path, std::int64_t maxSize) {
   try {
     CFile file(path, CFile::Mode::kRead, CFile::Share::kRead);
-    AskUser ask(host, path);
+    AskUser ask(messages, path);
     return LoadText(file, maxSize, ask);
   } catch (const CFileException& error) {
-    host.ShowFileError(nullptr, error);
+    messages.ShowFileError(nullptr, error);
   } catch (const CMemoryException&) {
-    host.ShowMessageBox(nullptr, MB_ICONEXCLAMATION, kTextNoMemoryForFile, {path});
+    messages.ShowMessageBox(nullptr, MB_ICONEXCLAMATION, kTextNoMemoryForFile, {path});
   } catch (const std::bad_alloc&) {
-    host.ShowMessageBox(nullptr, MB_ICONEXCLAMATION, kTextNoMemoryForFile, {path});
+    messages.ShowMessageBox(nullptr, MB_ICONEXCLAMATION, kTextNoMemoryForFile, {path});
   }
   return {};
 }
 
 }  // namespace
 
-CTwFileEdit* CTwFileEdit::Open(Host& host, const std::string& path, std::uint32_t flags) {
-  std::optional<LoadedText> loaded = LoadFile(host, path, kMaxTextSize);
+CTwFileEdit* CTwFileEdit::Open(const DocumentServices& program, const std::string& path,
+                               std::uint32_t flags) {
+  std::optional<LoadedText> loaded = LoadFile(program.messages, path, kMaxTextSize);
   if (!loaded) return nullptr;
-  auto* window = new CTwFileEdit(host, flags);  // belongs to its window
+  auto* window = new CTwFileEdit(program, flags);  // belongs to its window
   window->SetPath(path);
   if (!window->CreateEdit()) return nullptr;
   window->control_.Adopt(std::move(loaded->text));
@@ -68,7 +69,8 @@ CTwFileEdit* CTwFileEdit::Open(Host& host, const std::string& path, std::uint32_
 
 void CTwFileEdit::OnFileStats() {
   const TextBuffer& text = control_.Buffer();
-  Program().ShowStatus(FormatTextResource(kTextFileStats, {Path(), text.Size(), text.LineCount().value}), 5);
+  Program().status.ShowStatus(
+      FormatTextResource(kTextFileStats, {Path(), text.Size(), text.LineCount().value}), 5);
 }
 
 void CTwFileEdit::OnSave() {
@@ -90,18 +92,17 @@ bool CTwFileEdit::SaveAs() {
   std::string name(FileNamePart(Path()));
   std::optional<SaveChoice> choice = RunSaveAsDialog(Frame().Handle(), name, format_);
   if (!choice) {
-    Program().DirectoryChanged();
     return false;
   }
   try {
     std::string path = FullPathLower(choice->path);
     if (CTwChild* other = FindChildShowing(Frame(), path); other && other != this) {
-      Program().ShowMessageBox(nullptr, MB_ICONEXCLAMATION, kTextOpenElsewhere, {path});
+      Program().messages.ShowMessageBox(nullptr, MB_ICONEXCLAMATION, kTextOpenElsewhere, {path});
       return false;
     }
     return SaveUnder(path, choice->path, choice->format);
   } catch (const CFileException& error) {
-    Program().ShowFileError(nullptr, error);
+    Program().messages.ShowFileError(nullptr, error);
     return false;
   }
 }
@@ -115,7 +116,6 @@ bool CTwFileEdit::SaveUnder(const std::string& path, const std::string& nameOnDi
   SetPath(path);
   if (WriteFile(nameOnDisk)) {
     ChangeWorkingDirectory(Directory());
-    Program().DirectoryChanged();
     return true;
   }
   format_ = oldFormat;
@@ -129,29 +129,38 @@ bool CTwFileEdit::SaveUnder(const std::string& path, const std::string& nameOnDi
 
 bool CTwFileEdit::WriteFile(const std::string& path) {
   if (!Has(kModified)) return true;
-  WaitState wait(Program());
-  SaveOptions options;
-  options.backup = Program().Settings().Has(kCreateBackups);
-  options.backupFailed = [this](const CFileException& error) { Program().ShowFileError(nullptr, error); };
-  try {
-    WindowsSaveDisk disk;
-    SafeSave(disk, path, options, [this](ByteSink& out) { SaveText(control_.View(), format_, out); });
-  } catch (const CFileException& error) {
-    Program().ShowFileError(nullptr, error);
-    return false;
-  }
+  if (!WriteText(path, format_)) return false;
   SetModified(false);
   OnFileStats();
+  return true;
+}
+
+bool CTwFileEdit::WriteText(const std::string& path, FileFormat format) {
+  WaitState wait(Program().waiting);
+  SaveOptions options;
+  options.backup = Program().settings.Has(kCreateBackups);
+  options.backupFailed = [this](const CFileException& error) {
+    Program().messages.ShowFileError(nullptr, error);
+  };
+  try {
+    WindowsSaveDisk disk;
+    SafeSave(disk, path, options, [&](ByteSink& out) { SaveText(control_.View(), format, out); });
+  } catch (const CFileException& error) {
+    Program().messages.ShowFileError(nullptr, error);
+    return false;
+  }
   return true;
 }
 
 // Paste File: as loading, into the text at the caret.
 void CTwFileEdit::OnMerge() {
   if (Has(kReadOnly)) return Alert(MB_ICONEXCLAMATION);
-  std::optional<std::string> path = RunPickFileDialog(Frame().Handle(), "Paste File", Program().FileFilter());
+  std::optional<std::string> path =
+      RunPickFileDialog(Frame().Handle(), "Paste File", FileFilter(Program().options));
   if (!path) return;
-  WaitState wait(Program());
-  std::optional<LoadedText> loaded = LoadFile(Program(), *path, kMaxTextSize - control_.Buffer().Size());
+  WaitState wait(Program().waiting);
+  std::optional<LoadedText> loaded =
+      LoadFile(Program().messages, *path, kMaxTextSize - control_.Buffer().Size());
   if (loaded) control_.ReplaceSelection(loaded->text.Contiguous());
 }
 

@@ -41,7 +41,8 @@ bool EditingCommands::OnKeyDown(UINT key, bool shift, bool control) {
 }
 
 bool EditingCommands::OnDoubleClick(BytePos at) {
-  if (host_.Settings().Has(kSpaceDelimitsWords)) return false;
+  if (owner_.OnTextDoubleClick(at)) return true;
+  if (program_.settings.Has(kSpaceDelimitsWords)) return false;
   control_.Select(WordAround(control_.View(), at, control_.TextCharset()));
   return true;
 }

@@ -1,7 +1,8 @@
 #include "search/find/find_commands.h"
 
-#include "framework/mdi.h"
+#include "edit/control/text_control.h"
 #include "search/find/find_in_window.h"
+#include "ui/program/private_messages.h"
 #include "ui/program/string_ids.h"
 
 #include <new>
@@ -14,10 +15,6 @@ namespace {
 constexpr int kStatusSeconds = 5;
 constexpr unsigned kFindHelp = 1, kReplaceHelp = 2;
 
-bool IsFindCommand(UINT id) {
-  return id >= kSearchFind && id <= kSearchReplaceNext;
-}
-
 RECT ClientOnScreen(HWND window) {
   RECT client{};
   ::GetClientRect(window, &client);
@@ -27,16 +24,27 @@ RECT ClientOnScreen(HWND window) {
 
 }  // namespace
 
-FindCommands::FindCommands(Host& host, std::function<TextControl*()> activeText)
-    : host_(host), activeText_(std::move(activeText)) {}
+constinit const MessageMap FindCommands::kMessageMap = MessageMap::Make<
+    nullptr, OnCommandRange<kSearchFind, kSearchReplaceNext, &FindCommands::OnFind, &FindCommands::StateOf>,
+    OnRegistered<&kFindReplaceMessage, &FindCommands::OnNotification>,
+    OnRegistered<&kCommonDialogHelp, &FindCommands::OnDialogHelp>,
+    On<kNoDocumentMessage, &FindCommands::OnNoDocument>>();
+
+FindCommands::FindCommands(CMDIFrameWnd& frame, Documents& documents, Messages& messages, StatusLine& status,
+                           Waiting& waiting, Help& help)
+    : frame_(frame),
+      documents_(documents),
+      messages_(messages),
+      status_(status),
+      waiting_(waiting),
+      help_(help) {}
 
 FindCommands::~FindCommands() {
   CloseDialog();
 }
 
-bool FindCommands::Run(UINT id) {
-  if (!IsFindCommand(id)) return false;
-  TextControl* control = activeText_();
+void FindCommands::OnFind(UINT id) {
+  TextControl* control = documents_.ActiveText();
   bool opens = id == kSearchFind || id == kSearchReplace;
   bool changes = id == kSearchReplace || id == kSearchReplaceNext;
   if (opens && dialog_)
@@ -47,11 +55,10 @@ bool FindCommands::Run(UINT id) {
     OpenDialog(id == kSearchFind);
   else
     Guarded([&] { Search(*control, id); });
-  return true;
 }
 
-CommandState FindCommands::State(UINT id) const {
-  TextControl* control = activeText_();
+CommandState FindCommands::StateOf(UINT id) const {
+  TextControl* control = documents_.ActiveText();
   bool changes = id == kSearchReplace || id == kSearchReplaceNext;
   bool opens = id == kSearchFind || id == kSearchReplace;
   if (opens && dialog_) return {};
@@ -59,32 +66,40 @@ CommandState FindCommands::State(UINT id) const {
 }
 
 void FindCommands::Search(TextControl& control, UINT id) {
-  FindInWindow window(host_, state_, control, BoxOwner(control));
+  FindInWindow window = In(control, BoxOwner(control));
   state_.searchForward = id != kSearchFindPrev;
   if (id != kSearchReplaceNext) window.TakeSelection();
   if (window.Find() && id == kSearchReplaceNext) window.ReplaceSelection();
 }
 
 void FindCommands::OpenDialog(bool findOnly) {
-  HWND frame = host_.Frame().Handle();
-  FindInWindow(host_, state_, *activeText_(), frame).TakeSelection();
+  HWND frame = frame_.Handle();
+  In(*documents_.ActiveText(), frame).TakeSelection();
   auto* dialog = new CTwFindReplaceDialog(state_, ClientOnScreen(frame), [this] { dialog_ = nullptr; });
   if (dialog->Show(findOnly, frame))
     dialog_ = dialog;
   else
-    host_.ReportOutOfMemory();
+    messages_.ReportOutOfMemory();
 }
 
-void FindCommands::OnNotification(LPARAM l) {
+LRESULT FindCommands::OnNotification(WPARAM, LPARAM l) {
   CFindReplaceDialog* sender = CFindReplaceDialog::FromNotification(l);
-  if (!dialog_ || sender != dialog_) return;
-  if (dialog_->IsClosing()) {
-    dialog_->RememberPlace();
-    dialog_ = nullptr;
-    ::SetActiveWindow(host_.Frame().Handle());
-    return;
-  }
-  TextControl* control = activeText_();
+  if (!dialog_ || sender != dialog_) return 0;
+  if (dialog_->IsClosing())
+    ForgetDialog();
+  else
+    ObeyDialog();
+  return 0;
+}
+
+void FindCommands::ForgetDialog() {
+  dialog_->RememberPlace();
+  dialog_ = nullptr;
+  ::SetActiveWindow(frame_.Handle());
+}
+
+void FindCommands::ObeyDialog() {
+  TextControl* control = documents_.ActiveText();
   if (!control || (!dialog_->IsFindOnly() && control->IsReadOnly())) return Warn();
   TakeFields(*dialog_);
   Guarded([&] { Obey(*dialog_, *control); });
@@ -104,7 +119,7 @@ void FindCommands::TakeFields(CTwFindReplaceDialog& dialog) {
 
 // With an unchanged pattern the selection is the last match, and Replace replaces it at once.
 void FindCommands::Obey(CTwFindReplaceDialog& dialog, TextControl& control) {
-  FindInWindow window(host_, state_, control, BoxOwner(control));
+  FindInWindow window = In(control, BoxOwner(control));
   if (dialog.IsReplaceAll()) return window.ReplaceAll();
   if (dialog.IsFindNext()) return void(window.Find());
   if (!dialog.IsReplace()) return;
@@ -112,8 +127,18 @@ void FindCommands::Obey(CTwFindReplaceDialog& dialog, TextControl& control) {
   if (isFound || window.Find()) window.ReplaceSelection();
 }
 
-void FindCommands::OnHelp() {
-  if (dialog_) host_.ShowHelp(dialog_->Handle(), dialog_->IsFindOnly() ? kFindHelp : kReplaceHelp);
+LRESULT FindCommands::OnDialogHelp(WPARAM, LPARAM) {
+  if (dialog_) help_.ShowHelp(dialog_->Handle(), dialog_->IsFindOnly() ? kFindHelp : kReplaceHelp);
+  return 0;
+}
+
+LRESULT FindCommands::OnNoDocument(WPARAM, LPARAM) {
+  CloseDialog();
+  return 0;
+}
+
+FindInWindow FindCommands::In(TextControl& control, HWND boxOwner) {
+  return FindInWindow(messages_, waiting_, state_, control, boxOwner);
 }
 
 void FindCommands::CloseDialog() {
@@ -130,11 +155,11 @@ void FindCommands::Guarded(Action action) {
     action();
   } catch (const CYieldException&) {
     Warn();
-    host_.ShowStatusId(kTextCancelled, kStatusSeconds);
+    status_.ShowStatusId(kTextCancelled, kStatusSeconds);
   } catch (const CMemoryException&) {
-    host_.ReportOutOfMemory();
+    messages_.ReportOutOfMemory();
   } catch (const std::bad_alloc&) {
-    host_.ReportOutOfMemory();
+    messages_.ReportOutOfMemory();
   }
 }
 

@@ -1,36 +1,28 @@
-// The commands Find, Find Next, Find Previous, Replace and Replace Next, and the dialog behind two of them.
+// The room of Find, Find Next, Find Previous, Replace and Replace Next, and of the dialog behind two of them.
 //
-// One find state and at most one dialog serve all windows; a command works on the window in front.
+// One find state and at most one dialog serve all windows; a command works on the text in front. The dialog
+// belongs to the frame, so its messages come to this target from there.
 #pragma once
 
-#include "edit/control/text_control.h"
+#include "edit/documents/documents.h"
+#include "framework/command_target.h"
+#include "framework/mdi.h"
 #include "search/find/find_replace_dialog.h"
 #include "ui/commands/commands.h"
-#include "ui/program/host.h"
-
-#include <functional>
+#include "ui/program/help.h"
+#include "ui/program/messages.h"
+#include "ui/program/status_line.h"
+#include "ui/program/wait_state.h"
 
 namespace tarrow {
 
 class FindInWindow;
 
-class FindCommands {
+class FindCommands final : public CommandTarget {
  public:
-  // `activeText` gives the text control of the edit window in front, or null when there is none.
-  FindCommands(Host& host, std::function<TextControl*()> activeText);
-  ~FindCommands();
-  FindCommands(const FindCommands&) = delete;
-  FindCommands& operator=(const FindCommands&) = delete;
-
-  // Runs kSearchFind to kSearchReplaceNext; false when `id` is another command.
-  bool Run(UINT id);
-
-  // Whether such a command can act now.
-  CommandState State(UINT id) const;
-
-  // The messages kFindReplaceMessage and kCommonDialogHelp of the frame, which owns the dialog.
-  void OnNotification(LPARAM l);
-  void OnHelp();
+  FindCommands(CMDIFrameWnd& frame, Documents& documents, Messages& messages, StatusLine& status,
+               Waiting& waiting, Help& help);
+  ~FindCommands() override;
 
   // Closes the dialog, if it is open.
   void CloseDialog();
@@ -38,19 +30,37 @@ class FindCommands {
   const FindState& State() const { return state_; }
   CTwFindReplaceDialog* Dialog() const { return dialog_; }
 
+ protected:
+  static const MessageMap kMessageMap;
+  const MessageMap& GetMessageMap() const override { return kMessageMap; }
+
  private:
+  void OnFind(UINT id);
+  CommandState StateOf(UINT id) const;
+  LRESULT OnNotification(WPARAM w, LPARAM l);
+  LRESULT OnDialogHelp(WPARAM w, LPARAM l);
+  LRESULT OnNoDocument(WPARAM w, LPARAM l);
+
   void OpenDialog(bool findOnly);
   void Search(TextControl& control, UINT id);
+  void ForgetDialog();
+  void ObeyDialog();
   void Obey(CTwFindReplaceDialog& dialog, TextControl& control);
   void TakeFields(CTwFindReplaceDialog& dialog);
-  void Warn() { host_.Alert(MB_ICONEXCLAMATION); }
+  void Warn() { messages_.Alert(MB_ICONEXCLAMATION); }
   HWND BoxOwner(const TextControl& control) const;
 
   template <typename Action>
   void Guarded(Action action);
 
-  Host& host_;
-  std::function<TextControl*()> activeText_;
+  FindInWindow In(TextControl& control, HWND boxOwner);
+
+  CMDIFrameWnd& frame_;
+  Documents& documents_;
+  Messages& messages_;
+  StatusLine& status_;
+  Waiting& waiting_;
+  Help& help_;
   FindState state_;
   CTwFindReplaceDialog* dialog_ = nullptr;  // belongs to its window
 };

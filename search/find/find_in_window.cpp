@@ -15,13 +15,14 @@ namespace {
 // Asks and tells with message boxes; the hourglass rests meanwhile.
 class Boxes final : public FindDialogue {
  public:
-  Boxes(Host& host, HWND owner, const FindState& state) : host_(host), owner_(owner), state_(state) {
-    wait_.emplace(host);
+  Boxes(Messages& messages, Waiting& waiting, HWND owner, const FindState& state)
+      : messages_(messages), waiting_(waiting), owner_(owner), state_(state) {
+    wait_.emplace(waiting);
   }
 
   bool ConfirmRestart(int message) override {
     bool restart = Show(MB_OKCANCEL | MB_ICONQUESTION, message) == IDOK;
-    wait_.emplace(host_);
+    wait_.emplace(waiting_);
     return restart;
   }
   void Complain(int message) override { Show(MB_OK | MB_ICONEXCLAMATION, message); }
@@ -29,10 +30,11 @@ class Boxes final : public FindDialogue {
  private:
   int Show(UINT style, int message) {
     wait_.reset();
-    return host_.ShowMessageBox(owner_, style, message, {state_.pattern});
+    return messages_.ShowMessageBox(owner_, style, message, {state_.pattern});
   }
 
-  Host& host_;
+  Messages& messages_;
+  Waiting& waiting_;
   HWND owner_;
   const FindState& state_;
   std::optional<WaitState> wait_;
@@ -53,7 +55,7 @@ void FindInWindow::TakeSelection() {
 }
 
 bool FindInWindow::Find() {
-  Boxes boxes(host_, boxOwner_, state_);
+  Boxes boxes(messages_, waiting_, boxOwner_, state_);
   EscapeProgress escape;
   std::optional<TextRange> found =
       FindText(state_, control_.View(), control_.Selection(), control_.TextCharset(), boxes, &escape);
@@ -76,7 +78,7 @@ void FindInWindow::ReplaceAll() {
   if (int message = CompileIfNeeded(state_, control_.TextCharset())) return Complain(message);
   ReplaceAllResult result;
   {
-    WaitState wait(host_);
+    WaitState wait(waiting_);
     EscapeProgress escape;
     TextRange whole{BytePos(0), control_.Buffer().End()};
     TextRange region = state_.selectionOnly ? control_.Selection() : whole;
@@ -84,7 +86,7 @@ void FindInWindow::ReplaceAll() {
                                 MakeReplacement(state_, control_), &escape);
     if (!result.edits.Empty()) ApplyAll(result.edits);
   }
-  if (result.outOfMemory) return host_.ReportOutOfMemory();
+  if (result.outOfMemory) return messages_.ReportOutOfMemory();
   if (result.edits.Empty()) Complain(kTextNotFound);
 }
 
@@ -97,7 +99,7 @@ void FindInWindow::ApplyAll(const EditList& edits) {
 }
 
 void FindInWindow::Complain(int message) {
-  host_.ShowMessageBox(boxOwner_, MB_OK | MB_ICONEXCLAMATION, message, {state_.pattern});
+  messages_.ShowMessageBox(boxOwner_, MB_OK | MB_ICONEXCLAMATION, message, {state_.pattern});
 }
 
 }  // namespace tarrow

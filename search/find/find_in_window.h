@@ -6,15 +6,16 @@
 
 #include "edit/control/text_control.h"
 #include "search/find/find_state.h"
-#include "ui/program/host.h"
+#include "ui/program/messages.h"
+#include "ui/program/wait_state.h"
 
 namespace tarrow {
 
 class FindInWindow {
  public:
   // `boxOwner` owns the message boxes. All must outlive the object.
-  FindInWindow(Host& host, FindState& state, TextControl& control, HWND boxOwner)
-      : host_(host), state_(state), control_(control), boxOwner_(boxOwner) {}
+  FindInWindow(Messages& messages, Waiting& waiting, FindState& state, TextControl& control, HWND boxOwner)
+      : messages_(messages), waiting_(waiting), state_(state), control_(control), boxOwner_(boxOwner) {}
 
   // Takes the selection as the pattern when it lies within a line.
   void TakeSelection();
@@ -34,7 +35,8 @@ class FindInWindow {
   void ApplyAll(const EditList& edits);
   void Complain(int message);
 
-  Host& host_;
+  Messages& messages_;
+  Waiting& waiting_;
   FindState& state_;
   TextControl& control_;
   HWND boxOwner_;

@@ -1,4 +1,4 @@
-#include "shell/frame.h"
+#include "shell/program.h"
 
 #include "edit/documents/file_edit.h"
 #include "framework/unicode.h"
@@ -33,7 +33,7 @@ class FrameTest : public testing::Test {
  protected:
   void SetUp() override {
     ASSERT_TRUE(frame.CreateMain({0, 0, 800, 600}));
-    frame.LoadKeyBindings();
+    program.keys.Load();
     PumpMessages();
   }
   ~FrameTest() override {
@@ -44,7 +44,7 @@ class FrameTest : public testing::Test {
   }
 
   CTwFileEdit* Open(const std::string& path, std::uint32_t flags = kVerticalScroll) {
-    EXPECT_TRUE(frame.OpenFileWithFlags(path, flags));
+    EXPECT_TRUE(program.files.OpenWithFlags(path, flags));
     PumpMessages();
     return dynamic_cast<CTwFileEdit*>(frame.ActiveChild());
   }
@@ -57,13 +57,13 @@ class FrameTest : public testing::Test {
 
   ScratchDirectory scratch;
   NoFiles files;
-  ProgramState program{files, MakeSettingsStore({})};
-  CTwFrame frame{program};
+  Program program{files};
+  CTwFrame& frame = program.frame;
 };
 
 TEST_F(FrameTest, ShowsTheMenuOfWhatIsOpen) {
   EXPECT_EQ(5, MenuCount());
-  frame.Settings().arrange = ArrangeMode::kCascade;
+  program.state.settings.global.arrange = ArrangeMode::kCascade;
   frame.Send(WM_COMMAND, kFileNew);
   PumpMessages();
   EXPECT_EQ(8, MenuCount());
@@ -82,7 +82,8 @@ TEST_F(FrameTest, OpensAFileOnceAndRemembersIt) {
   Open(two);
   EXPECT_EQ(first, Open(one));
   EXPECT_EQ(2, Children());
-  EXPECT_EQ((std::vector<std::string>{LowerCase(two), first->Path()}), program.settings.recentFiles.Names());
+  EXPECT_EQ((std::vector<std::string>{LowerCase(two), first->Path()}),
+            program.state.settings.recentFiles.Names());
 }
 
 TEST_F(FrameTest, SavesEveryModifiedWindowInItsOwnFormat) {
@@ -112,13 +113,13 @@ TEST_F(FrameTest, KeepsTheSessionInOrderWithTheBitsOfEachWindow) {
 
 TEST_F(FrameTest, RestoresASessionWithTheWindowInFrontInFront) {
   std::string one = scratch.Make("one.c", "1\n"), two = scratch.Make("two.c", "2\n");
-  WriteSession(program.store, {{one, kReadOnly}, {two, kVerticalScroll}});
-  frame.RestoreSession();
+  WriteSession(program.state.store, {{one, kReadOnly}, {two, kVerticalScroll}});
+  program.session.Restore();
   auto* front = dynamic_cast<CTwFileEdit*>(frame.ActiveChild());
   ASSERT_TRUE(front);
   EXPECT_EQ(LowerCase(one), front->Path());
   EXPECT_TRUE(front->Has(kReadOnly));
-  EXPECT_TRUE(ReadSession(program.store).empty());
+  EXPECT_TRUE(ReadSession(program.state.store).empty());
 }
 
 TEST_F(FrameTest, OpensWhatIsDropped) {
@@ -136,7 +137,7 @@ TEST_F(FrameTest, OpensWhatIsDropped) {
 }
 
 TEST_F(FrameTest, TellsDirectoryAndNameApartInTheTitleOfAMinimisedWindow) {
-  frame.Settings().arrange = ArrangeMode::kCascade;
+  program.state.settings.global.arrange = ArrangeMode::kCascade;
   CTwFileEdit* window = Open(scratch.Make("one.c", "1\n"));
   std::string path = window->Path();
   ::ShowWindow(window->Handle(), SW_MINIMIZE);

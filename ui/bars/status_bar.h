@@ -8,7 +8,7 @@
 #include "framework/wnd.h"
 #include "ui/bars/clock_format.h"
 #include "ui/bars/status_panes.h"
-#include "ui/program/host.h"
+#include "ui/program/status_line.h"
 
 #include <string_view>
 

@@ -9,6 +9,12 @@ namespace tarrow {
 // while windows are being activated.
 inline constexpr UINT kShowMenuMessage = WM_USER + 2;
 
+// Told to the targets of the frame: no document window is active any more.
+inline constexpr UINT kNoDocumentMessage = WM_USER + 20;
+
+// Posted by a result window to itself: open the place that has been asked for.
+inline constexpr UINT kOpenPlaceMessage = WM_USER + 21;
+
 // The menu bars by their old resource numbers.
 enum class MenuBar { kNoDocument = 3, kEdit = 4 };
 

@@ -47,11 +47,12 @@ constinit const DialogField CGlobalSettingsDialog::kFields[] = {
     NumberField<&CGlobalSettingsDialog::tabSize_>(IDC_TAB_SIZE, 3),
     NumberField<&CGlobalSettingsDialog::shiftWidth_>(IDC_SHIFT_WIDTH, 3)};
 
-CGlobalSettingsDialog::CGlobalSettingsDialog(Host& host, GlobalSettingsChoice& choice,
+CGlobalSettingsDialog::CGlobalSettingsDialog(Messages& messages, Help& help, GlobalSettingsChoice& choice,
                                              std::span<const KeyBinding> live,
                                              std::function<bool(HWND)> pageSetup)
     : CDialog(IDD_GLOBAL_SETTINGS),
-      host_(host),
+      messages_(messages),
+      help_(help),
       choice_(choice),
       live_(live),
       pageSetup_(std::move(pageSetup)),
@@ -91,7 +92,7 @@ void CGlobalSettingsDialog::OnPageSetup() {
 
 // Once the bindings have been accepted, a later Cancel leaves them as they are.
 void CGlobalSettingsDialog::OnKeyBindings() {
-  CKeyBindingsDialog dialog(host_, choice_.keys, live_);
+  CKeyBindingsDialog dialog(messages_, help_, choice_.keys, live_);
   if (dialog.DoModal(Handle()) == IDOK)
     choice_.keysChanged = true;
   else if (!choice_.keysChanged)
@@ -99,11 +100,11 @@ void CGlobalSettingsDialog::OnKeyBindings() {
 }
 
 void CGlobalSettingsDialog::OnHelp() {
-  host_.ShowHelp(Handle(), kHelpTopic);
+  help_.ShowHelp(Handle(), kHelpTopic);
 }
 
 void CGlobalSettingsDialog::Refuse(int text, int field) {
-  host_.ShowMessageBox(Handle(), MB_OK | MB_ICONEXCLAMATION, text);
+  messages_.ShowMessageBox(Handle(), MB_OK | MB_ICONEXCLAMATION, text);
   FocusItem(field);
 }
 

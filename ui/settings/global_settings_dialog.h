@@ -6,7 +6,8 @@
 
 #include "framework/dialog.h"
 #include "ui/commands/key_bindings.h"
-#include "ui/program/host.h"
+#include "ui/program/help.h"
+#include "ui/program/messages.h"
 #include "ui/settings/global_settings_form.h"
 
 #include <functional>
@@ -29,7 +30,8 @@ class CGlobalSettingsDialog final : public CDialog {
  public:
   // `live` are the bindings of the frame's accelerator table. `pageSetup` runs the Page Setup dialog and says
   // whether it was accepted; without it the button is disabled.
-  CGlobalSettingsDialog(Host& host, GlobalSettingsChoice& choice, std::span<const KeyBinding> live,
+  CGlobalSettingsDialog(Messages& messages, Help& help, GlobalSettingsChoice& choice,
+                        std::span<const KeyBinding> live,
                         std::function<bool(HWND owner)> pageSetup = nullptr);
 
  protected:
@@ -51,7 +53,8 @@ class CGlobalSettingsDialog final : public CDialog {
   void OnHelp();
   void Refuse(int text, int field);
 
-  Host& host_;
+  Messages& messages_;
+  Help& help_;
   GlobalSettingsChoice& choice_;
   std::span<const KeyBinding> live_;
   std::function<bool(HWND)> pageSetup_;

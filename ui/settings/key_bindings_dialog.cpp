@@ -27,8 +27,9 @@ constinit const MessageMap CKeyBindingsDialog::kMessageMap =
                      OnCommand<IDC_SET_KEY, &CKeyBindingsDialog::OnSet>,
                      OnCommand<IDC_HELP_BUTTON, &CKeyBindingsDialog::OnHelp>>();
 
-CKeyBindingsDialog::CKeyBindingsDialog(Host& host, KeyBindingTable& table, std::span<const KeyBinding> live)
-    : CDialog(IDD_KEY_BINDINGS), host_(host), table_(table), live_(live) {}
+CKeyBindingsDialog::CKeyBindingsDialog(Messages& messages, Help& help, KeyBindingTable& table,
+                                       std::span<const KeyBinding> live)
+    : CDialog(IDD_KEY_BINDINGS), messages_(messages), help_(help), table_(table), live_(live) {}
 
 bool CKeyBindingsDialog::OnInitDialog() try {
   table_.Load(live_);
@@ -37,7 +38,7 @@ bool CKeyBindingsDialog::OnInitDialog() try {
   ShowBinding();
   return true;
 } catch (const std::bad_alloc&) {
-  host_.ReportOutOfMemory();
+  messages_.ReportOutOfMemory();
   Close(IDCANCEL);
   return true;
 }
@@ -97,13 +98,13 @@ void CKeyBindingsDialog::OnSet() {
   KeyStroke stroke =
       MakeKeyStroke(SelectedKey(), ItemChecked(IDC_CONTROL), ItemChecked(IDC_SHIFT), ItemChecked(IDC_ALT));
   bool assigned = table_.Assign(stroke, SelectedCommand());
-  if (!assigned && stroke.key != 0) host_.ReportOutOfMemory();
+  if (!assigned && stroke.key != 0) messages_.ReportOutOfMemory();
   if (::GetFocus() == Item(IDC_SET_KEY)) FocusItem(IDC_COMMANDS);
   EnableItem(IDC_SET_KEY, false);
 }
 
 void CKeyBindingsDialog::OnHelp() {
-  host_.ShowHelp(Handle(), kHelpTopic);
+  help_.ShowHelp(Handle(), kHelpTopic);
 }
 
 }  // namespace tarrow

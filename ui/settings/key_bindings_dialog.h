@@ -7,7 +7,8 @@
 
 #include "framework/dialog.h"
 #include "ui/commands/key_bindings.h"
-#include "ui/program/host.h"
+#include "ui/program/help.h"
+#include "ui/program/messages.h"
 
 #include <span>
 
@@ -16,7 +17,8 @@ namespace tarrow {
 class CKeyBindingsDialog final : public CDialog {
  public:
   // `live` are the bindings of the frame's accelerator table.
-  CKeyBindingsDialog(Host& host, KeyBindingTable& table, std::span<const KeyBinding> live);
+  CKeyBindingsDialog(Messages& messages, Help& help, KeyBindingTable& table,
+                     std::span<const KeyBinding> live);
 
  protected:
   static const MessageMap kMessageMap;
@@ -37,7 +39,8 @@ class CKeyBindingsDialog final : public CDialog {
   std::uint16_t SelectedKey() const;
   void EnableModifiers();
 
-  Host& host_;
+  Messages& messages_;
+  Help& help_;
   KeyBindingTable& table_;
   std::span<const KeyBinding> live_;
 };

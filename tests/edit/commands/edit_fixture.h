@@ -4,7 +4,7 @@
 #include "edit/commands/child_flags.h"
 #include "edit/documents/file_edit_commands.h"
 #include "tests/edit/commands/editing_case.h"
-#include "tests/edit/documents/framed_host.h"
+#include "tests/edit/documents/document_program.h"
 #include "tests/window_pump.h"
 
 namespace tarrow {
@@ -13,7 +13,7 @@ class EditFixture : public CWnd, public EditingOwner {
  public:
   static constexpr int kControl = 3244;
 
-  explicit EditFixture(FramedHost& host) : host_(host) {
+  explicit EditFixture(DocumentProgram& program) : program_(program) {
     static const WindowClass windowClass{L"TarrowTestEdit"};
     WindowSpec spec;
     spec.style = WS_POPUP;
@@ -48,7 +48,7 @@ class EditFixture : public CWnd, public EditingOwner {
   std::uint32_t EditFlags() const override { return flags; }
   void ChangeEditFlags(std::uint32_t changed) override { flags = changed; }
   void MarkClean() override { flags &= ~std::uint32_t{kModified}; }
-  void Beep(UINT sound) override { host_.alerts.push_back(sound); }
+  void Beep(UINT sound) override { program_.messages.alerts.push_back(sound); }
 
   int caretMoves = 0;  // how often the control has said that the caret may have moved
 
@@ -59,12 +59,12 @@ class EditFixture : public CWnd, public EditingOwner {
   }
 
  private:
-  FramedHost& host_;
+  DocumentProgram& program_;
 
  public:
   std::uint32_t flags = 0;
   TextControl control;
-  EditingCommands commands{host_, control, *this};
+  EditingCommands commands{program_.services, control, *this};
 };
 
 }  // namespace tarrow

@@ -20,8 +20,8 @@ class EditingCommandsTest : public testing::Test {
     return edit_.Marked();
   }
 
-  FramedHost host_;
-  EditFixture edit_{host_};
+  DocumentProgram program_;
+  EditFixture edit_{program_};
 };
 
 UINT SoundOf(Beep beep) {
@@ -47,15 +47,15 @@ TEST_F(EditingCommandsTest, PlaysAllCasesThatTheEnginesPlay) {
     if (!c.charset.IsUtf8() && Charset::Of(TextView(c.before.text)).IsUtf8()) continue;
     edit_.flags = c.flags;
     edit_.control.SetReadOnly((c.flags & kReadOnly) != 0);
-    host_.settings.tabSize = c.indent.tabSize;
-    host_.settings.shiftWidth = c.indent.shiftWidth;
-    host_.alerts.clear();
+    program_.settings.tabSize = c.indent.tabSize;
+    program_.settings.shiftWidth = c.indent.shiftWidth;
+    program_.messages.alerts.clear();
     edit_.SetMarked(c.before);
     Play(edit_, c);
     EXPECT_EQ(edit_.Marked(), ShowMarkedText(c.after)) << file;
     std::vector<UINT> beeps;
     if (c.beep != Beep::kNone) beeps.push_back(SoundOf(c.beep));
-    EXPECT_EQ(host_.alerts, beeps) << file;
+    EXPECT_EQ(program_.messages.alerts, beeps) << file;
   }
 }
 
@@ -63,7 +63,7 @@ TEST_F(EditingCommandsTest, EachCommandIsOneUnitOfUndo) {
   EXPECT_EQ(Run(kEditShiftRight, "«a\nb\nc\nd»"), "    «a\n    b\n    c\n    d»");
   EXPECT_TRUE(edit_.commands.Run(kEditUndo));
   EXPECT_EQ(edit_.Marked(), "«a\nb\nc\nd»");
-  EXPECT_EQ(host_.waits, 0);
+  EXPECT_EQ(program_.waiting.waits, 0);
 }
 
 TEST_F(EditingCommandsTest, EnterWithItsIndentationIsOneUnitOfUndo) {
@@ -77,16 +77,16 @@ TEST_F(EditingCommandsTest, EnterWithItsIndentationIsOneUnitOfUndo) {
 
 TEST_F(EditingCommandsTest, UndoWithoutAnythingToUndoBeeps) {
   EXPECT_EQ(Run(kEditUndo, "a‸"), "a‸");
-  EXPECT_EQ(host_.alerts, std::vector<UINT>{MB_ICONEXCLAMATION});
+  EXPECT_EQ(program_.messages.alerts, std::vector<UINT>{MB_ICONEXCLAMATION});
 }
 
 TEST_F(EditingCommandsTest, RefusesChangesOfAReadOnlyWindow) {
   edit_.flags = kReadOnly;
   for (const EditingCommand& command : EditingCommandTable()) {
     if (!command.changesText) continue;
-    host_.alerts.clear();
+    program_.messages.alerts.clear();
     EXPECT_EQ(Run(command.id, "  «ab» c"), "  «ab» c") << command.id;
-    EXPECT_EQ(host_.alerts, std::vector<UINT>{MB_ICONEXCLAMATION}) << command.id;
+    EXPECT_EQ(program_.messages.alerts, std::vector<UINT>{MB_ICONEXCLAMATION}) << command.id;
     EXPECT_FALSE(edit_.commands.State(command.id).enabled) << command.id;
   }
 }
@@ -103,19 +103,19 @@ TEST_F(EditingCommandsTest, AppendsToTheClipboardAndCuts) {
 TEST_F(EditingCommandsTest, AppendingNothingBeepsAndLeavesTheClipboard) {
   ASSERT_TRUE(PutOnClipboard(edit_.Handle(), TextView("kept"), Charset()));
   EXPECT_EQ(Run(kEditCutAppend, "ab‸c"), "ab‸c");
-  EXPECT_EQ(host_.alerts, std::vector<UINT>{MB_OK});
+  EXPECT_EQ(program_.messages.alerts, std::vector<UINT>{MB_OK});
   EXPECT_EQ(TextFromClipboard(edit_.Handle(), Charset()), "kept");
 }
 
 TEST_F(EditingCommandsTest, SaysThatABraceHasNoPartner) {
   Run(kSearchMatchBrace, "‸(");
-  EXPECT_EQ(host_.statusTexts, std::vector<std::string>{std::to_string(kTextNoMatchingBrace)});
+  EXPECT_EQ(program_.status.texts, std::vector<std::string>{std::to_string(kTextNoMatchingBrace)});
 }
 
 TEST_F(EditingCommandsTest, SayThatTheyAreNotThereYet) {
   Run(kSearchMark, "a‸");
   Run(kSearchGotoMark, "a‸");
-  EXPECT_EQ(host_.boxes, (std::vector<int>{kTextUnimplemented, kTextUnimplemented}));
+  EXPECT_EQ(program_.messages.boxes, (std::vector<int>{kTextUnimplemented, kTextUnimplemented}));
   EXPECT_EQ(Run(kEditRepeat, "a‸"), "a‸");
 }
 

@@ -11,57 +11,48 @@ namespace {
 
 class FindCommandsTest : public testing::Test {
  protected:
+  FindCommandsTest() { program_.documents.activeText = &edit_.control; }
+
   std::string Run(UINT id, std::string_view before) {
     edit_.SetMarked(before);
-    EXPECT_TRUE(find_.Run(id));
+    EXPECT_TRUE(Run(id));
     return edit_.Marked();
+  }
+  bool Run(UINT id) {
+    LRESULT result = 0;
+    return find_.RunCommand(id, 0, nullptr, result);
+  }
+  bool IsEnabled(UINT id) const {
+    CommandState state;
+    return find_.QueryCommand(id, state) && state.enabled;
   }
 
   HWND Dialog() const { return find_.Dialog() ? find_.Dialog()->Handle() : nullptr; }
   void SetField(int id, const wchar_t* text) { ::SetDlgItemTextW(Dialog(), id, text); }
   void Click(int id) { ::SendMessageW(::GetDlgItem(Dialog(), id), BM_CLICK, 0, 0); }
 
-  FramedHost host_;
-  EditFixture edit_{host_};
-  TextControl* active_ = &edit_.control;
-  FindCommands find_{host_, [this] { return active_; }};
+  DocumentProgram program_;
+  EditFixture edit_{program_};
+  FindCommands find_{program_.frame,  program_.documents, program_.messages,
+                     program_.status, program_.waiting,   program_.help};
 };
 
-// The dialog sends its notifications to the frame, which the fake host owns.
+// The dialog sends its notifications to the frame, which passes them on.
 class FindDialogTest : public FindCommandsTest {
  protected:
-  void SetUp() override {
-    previous_ =
-        ::SetWindowLongPtrW(host_.Frame().Handle(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&find_));
-    procedure_ = reinterpret_cast<WNDPROC>(
-        ::SetWindowLongPtrW(host_.Frame().Handle(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(FrameProc)));
-  }
-  void TearDown() override {
-    find_.CloseDialog();
-    ::SetWindowLongPtrW(host_.Frame().Handle(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure_));
-  }
-
- private:
-  static LRESULT CALLBACK FrameProc(HWND frame, UINT message, WPARAM w, LPARAM l) {
-    auto* find = reinterpret_cast<FindCommands*>(::GetWindowLongPtrW(frame, GWLP_USERDATA));
-    if (message == kFindReplaceMessage) return find->OnNotification(l), 0;
-    if (message == kCommonDialogHelp) return find->OnHelp(), 0;
-    return ::CallWindowProcW(procedure_, frame, message, w, l);
-  }
-
-  static inline WNDPROC procedure_;
-  LONG_PTR previous_ = 0;
+  void SetUp() override { program_.frame.AddTarget(find_); }
+  void TearDown() override { find_.CloseDialog(); }
 };
 
 TEST_F(FindCommandsTest, FindsTheSelectionAsAPattern) {
   EXPECT_EQ(Run(kSearchFindNext, "«a.b» a.b axb"), "a.b «a.b» axb");
   EXPECT_TRUE(PumpUntil([&] { return edit_.caretMoves > 0; }));
-  EXPECT_TRUE(find_.Run(kSearchFindNext));
+  EXPECT_TRUE(Run(kSearchFindNext));
   EXPECT_EQ(edit_.Marked(), "a.b a.b «axb»");
-  EXPECT_TRUE(find_.Run(kSearchFindPrev));
+  EXPECT_TRUE(Run(kSearchFindPrev));
   EXPECT_EQ(edit_.Marked(), "a.b a.b «axb»") << "the pattern is now axb, and nothing else matches";
-  EXPECT_EQ(host_.boxes, std::vector<int>{kTextRestartFromEnd});
-  EXPECT_EQ(host_.waits, 0);
+  EXPECT_EQ(program_.messages.boxes, std::vector<int>{kTextRestartFromEnd});
+  EXPECT_EQ(program_.waiting.waits, 0);
 }
 
 TEST_F(FindCommandsTest, ASelectionOverLinesLeavesThePatternAlone) {
@@ -71,10 +62,10 @@ TEST_F(FindCommandsTest, ASelectionOverLinesLeavesThePatternAlone) {
 }
 
 TEST_F(FindCommandsTest, AsksBeforeItRestartsAndTellsWhenNothingIsThere) {
-  host_.answer = IDCANCEL;
+  program_.messages.answer = IDCANCEL;
   EXPECT_EQ(Run(kSearchFindNext, "ab «ab»"), "ab «ab»");
-  EXPECT_EQ(host_.boxes, std::vector<int>{kTextRestartFromStart});
-  EXPECT_EQ(host_.subjects, std::vector<std::string>{"ab"});
+  EXPECT_EQ(program_.messages.boxes, std::vector<int>{kTextRestartFromStart});
+  EXPECT_EQ(program_.messages.subjects, std::vector<std::string>{"ab"});
 }
 
 TEST_F(FindCommandsTest, ReplaceNextReplacesForGood) {
@@ -87,13 +78,13 @@ TEST_F(FindCommandsTest, WarnsWithoutAWindowAndForAReadOnlyOne) {
   edit_.control.SetReadOnly(true);
   Run(kSearchReplaceNext, "‸ab");
   Run(kSearchReplace, "‸ab");
-  EXPECT_EQ(host_.alerts.size(), 2u);
-  EXPECT_FALSE(find_.State(kSearchReplace).enabled);
-  EXPECT_TRUE(find_.State(kSearchFind).enabled);
-  active_ = nullptr;
-  EXPECT_TRUE(find_.Run(kSearchFind));
-  EXPECT_EQ(host_.alerts.size(), 3u);
-  EXPECT_FALSE(find_.State(kSearchFind).enabled);
+  EXPECT_EQ(program_.messages.alerts.size(), 2u);
+  EXPECT_FALSE(IsEnabled(kSearchReplace));
+  EXPECT_TRUE(IsEnabled(kSearchFind));
+  program_.documents.activeText = nullptr;
+  EXPECT_TRUE(Run(kSearchFind));
+  EXPECT_EQ(program_.messages.alerts.size(), 3u);
+  EXPECT_FALSE(IsEnabled(kSearchFind));
   EXPECT_EQ(Dialog(), nullptr);
 }
 
@@ -103,7 +94,7 @@ TEST_F(FindDialogTest, FindsWhatIsTyped) {
   SetField(IDC_FIND_WHAT, L"t.o");
   Click(IDOK);
   EXPECT_EQ(edit_.Marked(), "one «two»");
-  EXPECT_TRUE(find_.Run(kSearchFind)) << "brings the dialog forward";
+  EXPECT_TRUE(Run(kSearchFind)) << "brings the dialog forward";
 }
 
 TEST_F(FindDialogTest, TakesTheSelectionAndTheOptions) {
@@ -139,7 +130,7 @@ TEST_F(FindDialogTest, ReplacesInTheSelectionOnly) {
   Click(IDC_SELECTION_ONLY);
   Click(IDC_REPLACE_ALL);
   EXPECT_EQ(edit_.control.View().Copy(), "a b\r\nb a");
-  EXPECT_TRUE(host_.boxes.empty());
+  EXPECT_TRUE(program_.messages.boxes.empty());
 }
 
 TEST_F(FindDialogTest, ReportsABadPatternAndThatNothingWasReplaced) {
@@ -148,13 +139,13 @@ TEST_F(FindDialogTest, ReportsABadPatternAndThatNothingWasReplaced) {
   Click(IDC_REPLACE_ALL);
   SetField(IDC_FIND_WHAT, L"x");
   Click(IDC_REPLACE_ALL);
-  EXPECT_EQ(host_.boxes, (std::vector<int>{kTextBadPattern, kTextNotFound}));
+  EXPECT_EQ(program_.messages.boxes, (std::vector<int>{kTextBadPattern, kTextNotFound}));
 }
 
 TEST_F(FindDialogTest, StandsAtTheRightEdgeAndThenWhereItWasLeft) {
   Run(kSearchFind, "‸a");
   RECT client{}, first{}, again{};
-  HWND frame = host_.Frame().Handle();
+  HWND frame = program_.frame.Handle();
   ::GetClientRect(frame, &client);
   ::MapWindowPoints(frame, nullptr, reinterpret_cast<POINT*>(&client), 2);
   ::GetWindowRect(Dialog(), &first);
@@ -173,7 +164,7 @@ TEST_F(FindDialogTest, StandsAtTheRightEdgeAndThenWhereItWasLeft) {
 TEST_F(FindDialogTest, OpensTheHelpOfItsForm) {
   Run(kSearchReplace, "‸a");
   Click(IDC_FIND_HELP);
-  EXPECT_EQ(host_.helpContexts, std::vector<unsigned>{2});
+  EXPECT_EQ(program_.help.topics, std::vector<unsigned>{2});
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 #include "resources/resource.h"
-#include "tests/fake_host.h"
+#include "tests/fakes/fake_program.h"
 #include "ui/commands/key_names.h"
 #include "ui/program/string_ids.h"
 #include "ui/settings/global_settings_dialog.h"
@@ -39,9 +39,10 @@ class KeyBindingsDialogTest : public testing::Test {
   }
   bool Enabled(int id) const { return ::IsWindowEnabled(dialog_.Item(id)) != 0; }
 
-  FakeHost host_;
+  FakeMessages messages_;
+  FakeHelp help_;
   KeyBindingTable table_;
-  CKeyBindingsDialog dialog_{host_, table_, DefaultKeyBindings()};
+  CKeyBindingsDialog dialog_{messages_, help_, table_, DefaultKeyBindings()};
 };
 
 TEST_F(KeyBindingsDialogTest, OpensWithTheFirstCommandAndItsKey) {
@@ -85,7 +86,7 @@ TEST_F(KeyBindingsDialogTest, SetBindsAndUnassignedRemoves) {
   EXPECT_EQ(table_.Find(kEditCopy), std::nullopt);
   EXPECT_EQ(table_.NextChange(), (KeyBinding{{25, 'X'}, kEditCut}));
   EXPECT_EQ(table_.NextChange(), (KeyBinding{{}, kEditCopy}));
-  EXPECT_EQ(host_.outOfMemory, 0);
+  EXPECT_EQ(messages_.outOfMemory, 0);
 }
 
 TEST_F(KeyBindingsDialogTest, TheLastCommandFindsTheTableFull) {
@@ -95,7 +96,7 @@ TEST_F(KeyBindingsDialogTest, TheLastCommandFindsTheTableFull) {
   SelectCommand(kHelpAbout);
   SelectKey(kF5);
   Click(IDC_SET_KEY);
-  EXPECT_EQ(host_.outOfMemory, 1);
+  EXPECT_EQ(messages_.outOfMemory, 1);
 }
 
 TEST_F(KeyBindingsDialogTest, EachOpeningStartsFromTheLiveTable) {
@@ -104,7 +105,7 @@ TEST_F(KeyBindingsDialogTest, EachOpeningStartsFromTheLiveTable) {
   EXPECT_EQ(table_.Find(kHelpAbout), std::nullopt);
   EXPECT_EQ(table_.NextChange(), (KeyBinding{{1, kF5}, kHelpAbout}));
   Click(IDC_HELP_BUTTON);
-  EXPECT_EQ(host_.helpContexts, std::vector<unsigned>{50});
+  EXPECT_EQ(help_.topics, std::vector<unsigned>{50});
 }
 
 class GlobalSettingsDialogTest : public testing::Test {
@@ -112,9 +113,10 @@ class GlobalSettingsDialogTest : public testing::Test {
   GlobalSettingsDialogTest() { EXPECT_TRUE(dialog_.CreateModeless(nullptr)); }
   void Click(int id) { ::SendMessageW(dialog_.Item(id), BM_CLICK, 0, 0); }
 
-  FakeHost host_;
+  FakeMessages messages_;
+  FakeHelp help_;
   GlobalSettingsChoice choice_;
-  CGlobalSettingsDialog dialog_{host_, choice_, DefaultKeyBindings()};
+  CGlobalSettingsDialog dialog_{messages_, help_, choice_, DefaultKeyBindings()};
 };
 
 TEST_F(GlobalSettingsDialogTest, ShowsTheSettings) {
@@ -157,7 +159,7 @@ TEST_F(GlobalSettingsDialogTest, RefusesSmallSpacingAndStaysOpen) {
   dialog_.SetItemText(IDC_TAB_SIZE, "4");
   dialog_.SetItemText(IDC_SHIFT_WIDTH, "");
   Click(IDOK);
-  EXPECT_EQ(host_.boxes, (std::vector<int>{kTextTabTooSmall, kTextIndentTooSmall}));
+  EXPECT_EQ(messages_.boxes, (std::vector<int>{kTextTabTooSmall, kTextIndentTooSmall}));
   EXPECT_TRUE(dialog_.Exists());
   EXPECT_EQ(choice_.settings.flags, GlobalSettings::kDefaultFlags) << "nothing is stored before all is right";
   EXPECT_EQ(choice_.settings.tabSize, 8);

@@ -1,0 +1,41 @@
+#include "shell/program.h"
+
+#include "framework/unicode.h"
+
+namespace tarrow {
+
+Program::Program(SettingsFiles& settingsFiles)
+    : state{settingsFiles, MakeSettingsStore(AnsiToUtf8)},
+      frame(state, messages),
+      messages(frame, state.settings.global, frame.GetBars()),
+      wait(frame, selector),
+      options(state),
+      help(frame, selector, state.helpFile),
+      services{frame,
+               windows,
+               files,
+               messages,
+               frame.GetBars(),
+               wait,
+               help,
+               options,
+               state.settings.global,
+               state.screenFont},
+      files(services, state.settings.recentFiles, frame.Menus()),
+      windows(services, selector, frame.GetBars(), frame.Menus()),
+      keys(state.store, frame.Menus()),
+      settings(frame, state, windows, keys, messages, help),
+      session(state, services, files, windows),
+      tools(frame, messages, state.store),
+      ending(frame, windows, selector, session, frame.GetBars(), help),
+      rooms(services, help) {
+  for (CommandTarget* room : rooms.Targets()) frame.AddTarget(*room);
+  frame.AddTarget(files);
+  frame.AddTarget(windows);
+  frame.AddTarget(settings);
+  frame.AddTarget(tools);
+  frame.AddTarget(help);
+  frame.AddTarget(ending);
+}
+
+}  // namespace tarrow
