@@ -13,6 +13,9 @@ class Progress {
 
   // Called every few hundredths of a second; may dispatch messages. Throws CYieldException to abandon.
   virtual void Poll() = 0;
+
+  // How much is done, in the unit in which whoever shows it has been told the whole.
+  virtual void SetDone(std::int64_t) {}
 };
 
 // Turns calls from an inner loop into polls by time: Tick() costs a decrement and only looks at the clock

@@ -70,6 +70,9 @@
 
 /* Progress box */
 #define IDC_PROGRESS_TEXT 222
+#define IDC_PROGRESS_WORK 223
+#define IDC_PROGRESS_COUNTS 224
+#define IDC_PROGRESS_BAR 225
 
 /* Select Project Directory */
 #define IDC_PROJECT_PATH 241

@@ -5,7 +5,8 @@
 #include "edit/control/clipboard_text.h"
 #include "edit/documents/goto_line_dialog.h"
 #include "framework/mdi.h"
-#include "ui/program/escape_progress.h"
+#include "framework/text_resources.h"
+#include "ui/program/progress_box.h"
 #include "ui/program/string_ids.h"
 
 #include <algorithm>
@@ -124,8 +125,8 @@ void EditingCommands::Play(const EditingCommand& command) {
   bool isLong = text.LineOf(selection.end) - text.LineOf(selection.start) >= kLinesAtOnce;
   std::optional<WaitState> wait;
   if (command.changesText && isLong) wait.emplace(program_.waiting);
-  EscapeProgress escape;
-  Show(RunEditingCommand(command, {control_.View(), selection, control_.TextCharset(), Indent(), &escape}),
+  CProgressBox box(program_.frame.Handle(), LoadText(kTextChanging));
+  Show(RunEditingCommand(command, {control_.View(), selection, control_.TextCharset(), Indent(), &box}),
        command.id);
 }
 

@@ -1,5 +1,6 @@
 // The files of an edit window: loading, saving, merging in another.
 #include "base/path_text.h"
+#include "base/progress_bytes.h"
 #include "edit/documents/file_dialogs.h"
 #include "edit/documents/file_edit.h"
 #include "edit/files/file_save.h"
@@ -9,6 +10,7 @@
 #include "framework/file.h"
 #include "framework/file_system.h"
 #include "framework/text_resources.h"
+#include "ui/program/progress_box.h"
 #include "ui/program/string_ids.h"
 
 #include <new>
@@ -17,36 +19,51 @@ namespace tarrow {
 namespace {
 
 constexpr UINT kYesNo = MB_YESNO | MB_ICONQUESTION;
+constexpr int kStatusSeconds = 5;
 
-// Asks the user about the contents of a file that is being loaded.
+void ReportCancelled(const DocumentServices& program) {
+  program.messages.Alert(MB_ICONEXCLAMATION);
+  program.status.ShowStatusId(kTextCancelled, kStatusSeconds);
+}
+
+// Asks the user about the contents of a file that is being loaded; above the box that shows it, if there is
+// one.
 class AskUser final : public LoadQuestions {
  public:
-  AskUser(Messages& messages, const std::string& path) : messages_(messages), path_(path) {}
+  AskUser(Messages& messages, const CWnd& box, const std::string& path)
+      : messages_(messages), box_(box), path_(path) {}
 
   bool AcceptControlByte(unsigned char byte) override {
-    return messages_.ShowMessageBox(nullptr, kYesNo, kTextNonAnsi, {byte, path_}) == IDYES;
+    return messages_.ShowMessageBox(box_.Handle(), kYesNo, kTextNonAnsi, {byte, path_}) == IDYES;
   }
   bool AcceptLineEnds() override {
-    return messages_.ShowMessageBox(nullptr, kYesNo, kTextBadTerminators, {path_}) == IDYES;
+    return messages_.ShowMessageBox(box_.Handle(), kYesNo, kTextBadTerminators, {path_}) == IDYES;
   }
 
  private:
   Messages& messages_;
+  const CWnd& box_;
   const std::string& path_;
 };
 
 // Loads a file and tells the user why when that fails.
-std::optional<LoadedText> LoadFile(Messages& messages, const std::string& path, std::int64_t maxSize) {
+std::optional<LoadedText> LoadFile(const DocumentServices& program, const std::string& path,
+                                   std::int64_t maxSize) {
   try {
     CFile file(path, CFile::Mode::kRead, CFile::Share::kRead);
-    AskUser ask(messages, path);
-    return LoadText(file, maxSize, ask);
+    CProgressBox box(program.frame.Handle(), FormatTextResource(kTextLoading, {path}));
+    box.SetWhole(static_cast<std::int64_t>(file.Size()));
+    ProgressSource source(file, box);
+    AskUser ask(program.messages, box, path);
+    return LoadText(source, maxSize, ask);
   } catch (const CFileException& error) {
-    messages.ShowFileError(nullptr, error);
+    program.messages.ShowFileError(nullptr, error);
+  } catch (const CYieldException&) {
+    ReportCancelled(program);
   } catch (const CMemoryException&) {
-    messages.ShowMessageBox(nullptr, MB_ICONEXCLAMATION, kTextNoMemoryForFile, {path});
+    program.messages.ShowMessageBox(nullptr, MB_ICONEXCLAMATION, kTextNoMemoryForFile, {path});
   } catch (const std::bad_alloc&) {
-    messages.ShowMessageBox(nullptr, MB_ICONEXCLAMATION, kTextNoMemoryForFile, {path});
+    program.messages.ShowMessageBox(nullptr, MB_ICONEXCLAMATION, kTextNoMemoryForFile, {path});
   }
   return {};
 }
@@ -55,7 +72,7 @@ std::optional<LoadedText> LoadFile(Messages& messages, const std::string& path, 
 
 CTwFileEdit* CTwFileEdit::Open(const DocumentServices& program, const std::string& path,
                                std::uint32_t flags) {
-  std::optional<LoadedText> loaded = LoadFile(program.messages, path, kMaxTextSize);
+  std::optional<LoadedText> loaded = LoadFile(program, path, kMaxTextSize);
   if (!loaded) return nullptr;
   auto* window = new CTwFileEdit(program, flags);  // belongs to its window
   window->SetPath(path);
@@ -142,14 +159,21 @@ bool CTwFileEdit::WriteText(const std::string& path, FileFormat format) {
   options.backupFailed = [this](const CFileException& error) {
     Program().messages.ShowFileError(nullptr, error);
   };
+  CProgressBox box(Frame().Handle(), FormatTextResource(kTextSaving, {path}));
+  box.SetWhole(control_.Buffer().Size());
   try {
     WindowsSaveDisk disk;
-    SafeSave(disk, path, options, [&](ByteSink& out) { SaveText(control_.View(), format, out); });
+    SafeSave(disk, path, options, [&](ByteSink& out) {
+      ProgressSink shown(out, box);
+      SaveText(control_.View(), format, shown);
+    });
+    return true;
   } catch (const CFileException& error) {
     Program().messages.ShowFileError(nullptr, error);
-    return false;
+  } catch (const CYieldException&) {
+    ReportCancelled(Program());
   }
-  return true;
+  return false;
 }
 
 // Paste File: as loading, into the text at the caret.
@@ -159,8 +183,7 @@ void CTwFileEdit::OnMerge() {
       RunPickFileDialog(Frame().Handle(), "Paste File", FileFilter(Program().options));
   if (!path) return;
   WaitState wait(Program().waiting);
-  std::optional<LoadedText> loaded =
-      LoadFile(Program().messages, *path, kMaxTextSize - control_.Buffer().Size());
+  std::optional<LoadedText> loaded = LoadFile(Program(), *path, kMaxTextSize - control_.Buffer().Size());
   if (loaded) control_.ReplaceSelection(loaded->text.Contiguous());
 }
 

@@ -98,8 +98,9 @@ void CTwLog::OnSaveAs() {
     WriteText(choice->path, choice->format);
 }
 
-bool CTwLog::OnTextDoubleClick(BytePos) {
+bool CTwLog::OnTextDoubleClick(BytePos at) {
   if (!IsNavigable()) return false;
+  Control().Select(at, at);
   GoToPlace();
   return true;
 }

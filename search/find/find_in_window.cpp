@@ -1,9 +1,10 @@
 #include "search/find/find_in_window.h"
 
 #include "edit/control/clipboard_text.h"
+#include "framework/text_resources.h"
 #include "search/find/find_text.h"
 #include "search/find/replace_all.h"
-#include "ui/program/escape_progress.h"
+#include "ui/program/progress_box.h"
 #include "ui/program/string_ids.h"
 
 #include <optional>
@@ -12,11 +13,12 @@ namespace tarrow {
 
 namespace {
 
-// Asks and tells with message boxes; the hourglass rests meanwhile.
+// Asks and tells with message boxes, above the progress box if that is there; the hourglass rests meanwhile.
 class Boxes final : public FindDialogue {
  public:
-  Boxes(Messages& messages, Waiting& waiting, HWND owner, const FindState& state)
-      : messages_(messages), waiting_(waiting), owner_(owner), state_(state) {
+  Boxes(Messages& messages, Waiting& waiting, const CProgressBox& progress, HWND owner,
+        const FindState& state)
+      : messages_(messages), waiting_(waiting), progress_(progress), owner_(owner), state_(state) {
     wait_.emplace(waiting);
   }
 
@@ -30,11 +32,13 @@ class Boxes final : public FindDialogue {
  private:
   int Show(UINT style, int message) {
     wait_.reset();
-    return messages_.ShowMessageBox(owner_, style, message, {state_.pattern});
+    HWND owner = progress_.Exists() ? progress_.Handle() : owner_;
+    return messages_.ShowMessageBox(owner, style, message, {state_.pattern});
   }
 
   Messages& messages_;
   Waiting& waiting_;
+  const CProgressBox& progress_;
   HWND owner_;
   const FindState& state_;
   std::optional<WaitState> wait_;
@@ -55,10 +59,10 @@ void FindInWindow::TakeSelection() {
 }
 
 bool FindInWindow::Find() {
-  Boxes boxes(messages_, waiting_, boxOwner_, state_);
-  EscapeProgress escape;
+  CProgressBox box(boxOwner_, FormatTextResource(kTextSearching, {state_.pattern}));
+  Boxes boxes(messages_, waiting_, box, boxOwner_, state_);
   std::optional<TextRange> found =
-      FindText(state_, control_.View(), control_.Selection(), control_.TextCharset(), boxes, &escape);
+      FindText(state_, control_.View(), control_.Selection(), control_.TextCharset(), boxes, &box);
   if (!found) return false;
   control_.Select(*found);
   control_.PostCaretMoved();
@@ -79,11 +83,11 @@ void FindInWindow::ReplaceAll() {
   ReplaceAllResult result;
   {
     WaitState wait(waiting_);
-    EscapeProgress escape;
+    CProgressBox box(boxOwner_, FormatTextResource(kTextReplacing, {state_.pattern}));
     TextRange whole{BytePos(0), control_.Buffer().End()};
     TextRange region = state_.selectionOnly ? control_.Selection() : whole;
     result = tarrow::ReplaceAll(state_.compiled, control_.ContiguousText(), region,
-                                MakeReplacement(state_, control_), &escape);
+                                MakeReplacement(state_, control_), &box);
     if (!result.edits.Empty()) ApplyAll(result.edits);
   }
   if (result.outOfMemory) return messages_.ReportOutOfMemory();

@@ -1,6 +1,4 @@
-#include "ui/program/escape_progress.h"
-
-#include "base/exceptions.h"
+#include "ui/program/escape_key.h"
 
 #include <windows.h>
 
@@ -30,13 +28,13 @@ bool TakeFromQueue() {
 
 }  // namespace
 
-EscapeProgress::EscapeProgress() {
+void ForgetEscape() {
   WasPressed();
 }
 
-void EscapeProgress::Poll() {
+bool TakeEscape() {
   bool taken = TakeFromQueue();
-  if (taken || WasPressed()) throw CYieldException();
+  return WasPressed() || taken;
 }
 
 }  // namespace tarrow
