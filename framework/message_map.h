@@ -1,7 +1,7 @@
 // Message maps: which member function handles which message, as constant tables.
 //
-// A command target (a window, mostly) declares `static const MessageMap kMessageMap;`, overrides GetMessageMap() to return it, and
-// defines it from entries:
+// A command target (a window, mostly) declares `static const MessageMap kMessageMap;`, overrides
+// GetMessageMap() to return it, and defines it from entries:
 //
 //   constinit const MessageMap CTwFrame::kMessageMap = MessageMap::Make<&CMDIFrameWnd::kMessageMap,
 //       On<WM_SIZE, &CTwFrame::OnSize>,

@@ -7,9 +7,9 @@
 #include "framework/com_ptr.h"
 #include "framework/ctl3d.h"
 #include "framework/message_loop.h"
-#include "shell/command_line.h"
 #include "shell/program.h"
-#include "shell/settings_files.h"
+#include "shell/state/command_line.h"
+#include "shell/state/settings_files.h"
 
 #include <string_view>
 

@@ -4,20 +4,20 @@
 // the rooms, then to the program's own objects below, in the order of the lines in program.cpp.
 #pragma once
 
-#include "shell/active_keys.h"
-#include "shell/document_windows.h"
-#include "shell/ending.h"
-#include "shell/environment_options.h"
-#include "shell/frame.h"
-#include "shell/frame_wait.h"
-#include "shell/help_commands.h"
-#include "shell/message_boxes.h"
-#include "shell/open_files.h"
-#include "shell/program_state.h"
+#include "shell/commands/active_keys.h"
+#include "shell/commands/document_windows.h"
+#include "shell/commands/ending.h"
+#include "shell/commands/environment_options.h"
+#include "shell/commands/help_commands.h"
+#include "shell/commands/open_files.h"
+#include "shell/commands/session_keeper.h"
+#include "shell/commands/settings_commands.h"
+#include "shell/commands/tool_commands.h"
+#include "shell/frame/frame.h"
+#include "shell/frame/frame_wait.h"
+#include "shell/frame/message_boxes.h"
 #include "shell/rooms.h"
-#include "shell/session_keeper.h"
-#include "shell/settings_commands.h"
-#include "shell/tool_commands.h"
+#include "shell/state/program_state.h"
 
 namespace tarrow {
 

@@ -1,0 +1,28 @@
+#include "shell/commands/ending.h"
+
+#include "ui/commands/commands.h"
+#include "ui/program/private_messages.h"
+
+namespace tarrow {
+
+constinit const MessageMap Ending::kMessageMap =
+    MessageMap::Make<nullptr, OnCommand<kFileExit, &Ending::OnExit>,
+                     On<WM_QUERYENDSESSION, &Ending::OnQueryEndSession>,
+                     On<WM_ENDSESSION, &Ending::OnEndSession>, On<WM_CLOSE, &Ending::OnClose>>();
+
+// A logout sends no WM_CLOSE: what is to be kept is written here.
+void Ending::OnEndSession(bool ending) {
+  if (ending) session_.Save();
+}
+
+void Ending::OnClose() {
+  if (!windows_.QueryCloseAll()) return;
+  selector_.Destroy();
+  frame_.TellTargets(kNoDocumentMessage);
+  session_.Save();
+  bars_.Destroy();
+  help_.Quit();
+  frame_.Destroy();
+}
+
+}  // namespace tarrow

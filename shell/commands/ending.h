@@ -1,0 +1,38 @@
+// Ending: how the program comes to its end, by command, by the frame's close box, or with the session of the
+// system.
+#pragma once
+
+#include "framework/command_target.h"
+#include "shell/commands/document_windows.h"
+#include "shell/commands/help_commands.h"
+#include "shell/commands/session_keeper.h"
+#include "shell/frame/bars.h"
+
+namespace tarrow {
+
+class Ending final : public CommandTarget {
+ public:
+  // All of them outlive the object.
+  Ending(CMDIFrameWnd& frame, DocumentWindows& windows, CWinSelector& selector, SessionKeeper& session,
+         Bars& bars, HelpCommands& help)
+      : frame_(frame), windows_(windows), selector_(selector), session_(session), bars_(bars), help_(help) {}
+
+ protected:
+  static const MessageMap kMessageMap;
+  const MessageMap& GetMessageMap() const override { return kMessageMap; }
+
+ private:
+  void OnExit() { frame_.Post(WM_CLOSE); }
+  bool OnQueryEndSession() { return windows_.QueryCloseAll(); }
+  void OnEndSession(bool ending);
+  void OnClose();
+
+  CMDIFrameWnd& frame_;
+  DocumentWindows& windows_;
+  CWinSelector& selector_;
+  SessionKeeper& session_;
+  Bars& bars_;
+  HelpCommands& help_;
+};
+
+}  // namespace tarrow

@@ -1,0 +1,87 @@
+#include "shell/state/session.h"
+
+#include "base/text_format.h"
+#include "shell/state/settings.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace tarrow {
+namespace {
+
+constexpr std::string_view kCountKey = "EditCount";
+constexpr std::string_view kEntryPrefix = "Edit";
+
+// Smaller than this a frame shows nothing of a text and could hardly be taken hold of.
+constexpr int kLeastWidth = 120, kLeastHeight = 80;
+
+std::string EntryKey(std::uint32_t number) {
+  return FormatText("Edit%.2d", {number});
+}
+
+// The path, and behind the last comma the bits of the window. A comma of the path itself is no harm: the bits
+// are always written.
+SessionEntry ParseEntry(const std::string& value) {
+  std::size_t comma = value.rfind(',');
+  if (comma == std::string::npos || comma == 0) return {value, {}};
+  std::size_t digits = std::min(value.find_first_not_of(" \t", comma + 1), value.size());
+  std::uint32_t flags = 0;
+  std::from_chars(value.data() + digits, value.data() + value.size(), flags);
+  return {value.substr(0, comma), flags};
+}
+
+}  // namespace
+
+std::vector<SessionEntry> ReadSession(const CProfileStore& store) {
+  std::vector<SessionEntry> entries;
+  std::uint32_t count = store.ReadNumber(kSessionSection, kCountKey, 10).value_or(0);
+  std::string value;
+  for (std::uint32_t n = 1; n <= count && store.ReadString(kSessionSection, EntryKey(n), value); ++n)
+    entries.push_back(ParseEntry(value));
+  return entries;
+}
+
+void WriteSession(CProfileStore& store, const std::vector<SessionEntry>& entries) {
+  for (const std::string& key : store.Keys(kSessionSection))
+    if (key.starts_with(kEntryPrefix)) store.RemoveKey(kSessionSection, key);
+  std::uint32_t number = 0;
+  for (const SessionEntry& entry : entries)
+    store.WriteString(kSessionSection, EntryKey(++number),
+                      FormatText("%s,%u", {entry.path, entry.flags.value_or(0)}));
+  if (number > 0) store.WriteNumber(kSessionSection, kCountKey, number, 10);
+}
+
+FramePlacement ParsePlacement(std::string_view value, int screenWidth, int screenHeight) {
+  int numbers[5] = {0, 0, 0, 0, 0};
+  int count = 0;
+  const char* end = value.data() + value.size();
+  for (const char* at = value.data(); at != end && count < 5;) {
+    auto [next, error] = std::from_chars(at, end, numbers[count]);
+    if (error != std::errc()) break;
+    ++count;
+    if (next == end || *next != ',') break;
+    at = next + 1;
+  }
+  FrameBounds bounds{std::max(numbers[0], 0), std::max(numbers[1], 0), std::min(numbers[2], screenWidth),
+                     std::min(numbers[3], screenHeight)};
+  FramePlacement placement;
+  placement.maximised = numbers[4] != 0;
+  if (count >= 4 && bounds.right - bounds.left >= kLeastWidth && bounds.bottom - bounds.top >= kLeastHeight)
+    placement.bounds = bounds;
+  return placement;
+}
+
+std::string FormatPlacement(std::string_view savedBefore, const FrameBounds& now, FrameState state) {
+  std::size_t rectangle = std::string_view::npos;
+  if (state != FrameState::kNormal) {
+    rectangle = 0;
+    for (int i = 0; i < 4 && rectangle != std::string_view::npos; ++i)
+      rectangle = savedBefore.find(',', rectangle + (i > 0));
+  }
+  int maximised = state == FrameState::kMaximised;
+  if (rectangle == std::string_view::npos)
+    return FormatText("%d,%d,%d,%d,%d", {now.left, now.top, now.right, now.bottom, maximised});
+  return FormatText("%s,%d", {savedBefore.substr(0, rectangle), maximised});
+}
+
+}  // namespace tarrow

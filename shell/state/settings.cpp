@@ -1,0 +1,207 @@
+#include "shell/state/settings.h"
+
+#include "base/exceptions.h"
+#include "base/path_text.h"
+#include "base/text_format.h"
+#include "base/utf16.h"
+#include "ui/program/string_ids.h"
+#include "ui/program/string_table.h"
+
+#include <charconv>
+#include <limits>
+#include <optional>
+
+namespace tarrow {
+namespace {
+
+constexpr std::size_t kLongestFace = 31;  // characters
+
+std::string ProjectKey() {
+  return std::string(FindText(kTextKeyProject));
+}
+
+std::vector<std::string> EnvironmentNames() {
+  return SplitBarList(FindText(kTextEnvironments));
+}
+
+std::string NumberedKey(std::string_view name, std::size_t number) {
+  return FormatText("%s %d", {name, number});
+}
+
+// A key that holds a number, the base in which it stands, and what is accepted.
+struct NumberKey {
+  const char* key;
+  int base;
+  std::uint32_t least, most;
+  std::uint32_t (*get)(const GlobalSettings&);
+  void (*set)(GlobalSettings&, std::uint32_t);
+  bool always = false;  // written even when settings are not to be saved
+};
+
+constexpr std::uint32_t kAny = std::numeric_limits<std::uint32_t>::max();
+
+constexpr NumberKey kNumberKeys[] = {
+    {"SaveSettings", 2, 0, kAny, [](const GlobalSettings& s) -> std::uint32_t { return s.saveSettings; },
+     [](GlobalSettings& s, std::uint32_t n) { s.saveSettings = n == 1; }, true},
+    {"SaveWindows", 2, 0, kAny, [](const GlobalSettings& s) -> std::uint32_t { return s.saveWindows; },
+     [](GlobalSettings& s, std::uint32_t n) { s.saveWindows = n == 1; }},
+    {"Flags", 2, 0, kAny, [](const GlobalSettings& s) { return s.flags; },
+     [](GlobalSettings& s, std::uint32_t n) { s.flags = (n & kBlockIndent) ? n | kMaintainIndentation : n; }},
+    {"Arrange", 10, 0, 3, [](const GlobalSettings& s) { return static_cast<std::uint32_t>(s.arrange); },
+     [](GlobalSettings& s, std::uint32_t n) { s.arrange = static_cast<ArrangeMode>(n); }},
+    {"TabSize", 10, 2, 8, [](const GlobalSettings& s) { return static_cast<std::uint32_t>(s.tabSize); },
+     [](GlobalSettings& s, std::uint32_t n) { s.tabSize = static_cast<int>(n); }},
+    {"ShiftWidth", 10, 1, 8, [](const GlobalSettings& s) { return static_cast<std::uint32_t>(s.shiftWidth); },
+     [](GlobalSettings& s, std::uint32_t n) { s.shiftWidth = static_cast<int>(n); }},
+};
+
+void ReadGlobalValues(const CProfileStore& store, GlobalSettings& settings) {
+  for (const NumberKey& key : kNumberKeys)
+    if (auto number = store.ReadNumber(kSettingsSection, key.key, key.base))
+      if (*number >= key.least && *number <= key.most) key.set(settings, *number);
+  std::string font;
+  if (store.ReadString(kSettingsSection, "ScreenFont", font)) settings.screenFont = ParseFont(font);
+}
+
+void WriteGlobalValues(CProfileStore& store, const GlobalSettings& settings) {
+  for (const NumberKey& key : kNumberKeys)
+    if (settings.saveSettings || key.always)
+      store.WriteNumber(kSettingsSection, key.key, key.get(settings), key.base);
+}
+
+void ReadRecent(CProfileStore& store, int section, std::string_view name, RecentList& list) {
+  list.Clear();
+  std::string value;
+  for (std::size_t i = 1; i <= RecentList::kCapacity; ++i) {
+    if (!store.ReadString(section, NumberedKey(name, i), value)) break;
+    list.Append(value);
+  }
+}
+
+void WriteRecent(CProfileStore& store, int section, std::string_view name, const RecentList& list) {
+  std::size_t number = 0;
+  for (const std::string& entry : list.Names())
+    store.WriteString(section, NumberedKey(name, ++number), entry);
+}
+
+void ReadProjectValues(const CProfileStore& store, ProjectState& project) {
+  std::string value;
+  if (store.ReadString(kProjectSection, FindText(kTextKeyDebugBuild), value))
+    project.debugBuild = value == "1";
+  if (!store.ReadString(kProjectSection, FindText(kTextKeyEnvironment), value)) return;
+  project.environment = 0;
+  std::vector<std::string> names = EnvironmentNames();
+  for (std::size_t i = names.size(); i-- > 0;)
+    if (EqualIgnoringCase(value, names[i])) project.environment = static_cast<int>(i);
+}
+
+// The file of the project comes over the global one; what it says of sessions and projects counts alone.
+void OverlayProject(SettingsFiles& files, CProfileStore& store, const std::string& directory) {
+  store.RemoveSection(kSessionSection);
+  store.RemoveKey(kProjectSection, ProjectKey());
+  IniText file = files.ReadProject();
+  if (file.Value(store.SectionName(kProjectSection), ProjectKey())) {
+    file.RemoveKey(store.SectionName(kProjectSection), ProjectKey());
+    try {
+      files.WriteProject(file);
+    } catch (const CFileException&) {  // a project that cannot be written can be opened all the same
+    }
+  }
+  store.Load(file);
+  store.WriteString(kProjectSection, ProjectKey(), directory);
+}
+
+// Moves what the store holds to the project's file. Returns why that failed; the store goes on without it.
+std::optional<CFileException> SaveProject(SettingsFiles& files, CProfileStore& store,
+                                          const ProjectState& project) {
+  store.RemoveKey(kProjectSection, ProjectKey());
+  store.WriteString(kProjectSection, FindText(kTextKeyDebugBuild), project.debugBuild ? "1" : "0");
+  store.WriteString(kProjectSection, FindText(kTextKeyEnvironment),
+                    EnvironmentNames()[static_cast<std::size_t>(project.environment)]);
+  IniText file = files.ReadProject();
+  file.RemoveKey(store.SectionName(kProjectSection), ProjectKey());
+  file.RemoveSection(store.SectionName(kSessionSection));
+  store.Save(file);
+  std::optional<CFileException> failure;
+  try {
+    files.WriteProject(file);
+  } catch (const CFileException& error) {
+    failure = error;
+  }
+  store.Clear();
+  store.WriteString(kProjectSection, ProjectKey(), project.directory);
+  return failure;
+}
+
+}  // namespace
+
+CProfileStore MakeSettingsStore(CProfileStore::AnsiDecoder decode) {
+  std::vector<std::string> sections = SplitBarList(FindText(kTextSections));
+  for (std::string& name : EnvironmentNames()) sections.push_back(std::move(name));
+  return CProfileStore(std::move(sections), std::move(decode));
+}
+
+void LoadSettings(SettingsFiles& files, CProfileStore& store, bool restoreProject,
+                  ProgramSettings& settings) {
+  store.Load(files.ReadGlobal());
+  std::string& directory = settings.project.directory;
+  if (restoreProject && directory.empty()) (void)store.ReadString(kProjectSection, ProjectKey(), directory);
+  if (!directory.empty()) {
+    if (files.EnterProject(directory))
+      OverlayProject(files, store, directory);
+    else
+      directory.clear();
+  }
+  ReadGlobalValues(store, settings.global);
+  ReadRecent(store, kSessionSection, "File", settings.recentFiles);
+  ReadRecent(store, kProjectSection, "Project", settings.recentProjects);
+  for (std::size_t i = 1; i <= RecentList::kCapacity; ++i)
+    store.RemoveKey(kProjectSection, NumberedKey("Project", i));
+  ReadProjectValues(store, settings.project);
+}
+
+void SaveSettings(SettingsFiles& files, CProfileStore& store, const ProgramSettings& settings,
+                  std::string_view window) {
+  if (settings.global.saveSettings) store.WriteString(kSettingsSection, "Window", window);
+  WriteGlobalValues(store, settings.global);
+  WriteRecent(store, kSessionSection, "File", settings.recentFiles);
+
+  IniText global = files.ReadGlobal();
+  std::optional<CFileException> failure;
+  if (!settings.project.directory.empty()) {
+    failure = SaveProject(files, store, settings.project);
+  } else {
+    store.RemoveKey(kProjectSection, ProjectKey());
+    global.RemoveKey(store.SectionName(kProjectSection), ProjectKey());
+    global.RemoveSection(store.SectionName(kSessionSection));
+  }
+  WriteRecent(store, kProjectSection, "Project", settings.recentProjects);
+  store.Save(global);
+  files.WriteGlobal(global);
+  store.Clear();
+  if (failure) throw *failure;
+}
+
+FontChoice ParseFont(std::string_view value) {
+  std::size_t comma = std::min(value.find(','), value.size());
+  FontChoice font;
+  if (comma == 0 || Utf8ToUtf16<char16_t>(value.substr(0, comma)).size() > kLongestFace) return font;
+  font.face = value.substr(0, comma);
+  int numbers[3] = {0, 0, 0};
+  const char* at = value.data() + comma;
+  const char* end = value.data() + value.size();
+  for (int& number : numbers) {
+    if (at == end || *at != ',') break;
+    at = std::from_chars(at + 1, end, number).ptr;
+  }
+  font.height = -numbers[0];
+  font.weight = numbers[1];
+  font.italic = numbers[2] != 0;
+  return font;
+}
+
+std::string FormatFont(const FontChoice& font) {
+  return FormatText("%s,%d,%d,%d", {font.face, font.height, font.weight, font.italic});
+}
+
+}  // namespace tarrow

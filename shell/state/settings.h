@@ -1,0 +1,75 @@
+// The settings of a run: read from the store, and written back to it and to the files.
+//
+// There are two files: the global one, and the one of the project that is open, whose values come over the
+// global ones. While a project is open everything is written to its file, and the global one gets only which
+// project that was and the list of recent projects. The files themselves are read and written through
+// SettingsFiles.
+#pragma once
+
+#include "shell/state/profile_store.h"
+#include "shell/state/recent_list.h"
+#include "ui/settings/global_settings.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarrow {
+
+// The sections of the store by number; those from kFirstOptionSection on belong to the build environments.
+enum SettingsSection : int {
+  kSettingsSection,
+  kSessionSection,
+  kProjectSection,
+  kKeyBindingsSection,
+  kFirstOptionSection,
+};
+
+struct ProjectState {
+  std::string directory;  // full path; empty: no project is open
+  bool debugBuild = false;
+  int environment = 0;  // 0 to kEnvironmentCount - 1
+};
+
+struct ProgramSettings {
+  GlobalSettings global;
+  RecentList recentFiles;
+  RecentList recentProjects;
+  ProjectState project;
+};
+
+// The files, as the settings see them. A file that is missing or cannot be read is empty. Writing may throw
+// CFileException.
+class SettingsFiles {
+ public:
+  virtual IniText ReadGlobal() = 0;
+  virtual void WriteGlobal(const IniText& text) = 0;
+
+  // Makes the directory of a project current; false when that fails. Its file is that of the project then.
+  virtual bool EnterProject(const std::string& directory) = 0;
+  virtual IniText ReadProject() = 0;
+  virtual void WriteProject(const IniText& text) = 0;
+
+ protected:
+  ~SettingsFiles() = default;
+};
+
+// A store of the program's sections.
+[[nodiscard]] CProfileStore MakeSettingsStore(CProfileStore::AnsiDecoder decode);
+
+// Fills `store` from the files, and `settings` from it; a value that is missing or out of range leaves what
+// stands there. `restoreProject`: the project that was open last is opened again, unless one is given.
+void LoadSettings(SettingsFiles& files, CProfileStore& store, bool restoreProject, ProgramSettings& settings);
+
+// Writes `settings` to `store`, and the store to the files. `window` is the value for the frame's placement.
+// Throws CFileException when a file could not be written.
+void SaveSettings(SettingsFiles& files, CProfileStore& store, const ProgramSettings& settings,
+                  std::string_view window);
+
+// A font as the settings keep it: face, height, weight, italic. The height changes its sign on reading, not
+// on writing; that is how the files have always been. A value without a face, or with one of 32 characters or
+// more, gives the empty choice.
+[[nodiscard]] FontChoice ParseFont(std::string_view value);
+[[nodiscard]] std::string FormatFont(const FontChoice& font);
+
+}  // namespace tarrow
