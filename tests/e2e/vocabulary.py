@@ -12,7 +12,7 @@ FIRST_RECENT_FILE = 1021
 
 @functools.cache
 def _commands():
-    table = (ROOT / "ui" / "commands.inc").read_text()
+    table = (ROOT / "ui" / "commands" / "commands.inc").read_text()
     return {name: int(number)
             for number, name in re.findall(r'^TARROW_COMMAND\((\d+), \w+, "([^"]+)"', table, re.MULTILINE)}
 
