@@ -8,6 +8,7 @@ from house.tree import Tree
 
 RULES = {
     "direction of includes": includes.direction,
+    "direction within a folder": includes.inner_direction,
     "cycles of files": includes.file_cycles,
     "cycles of folders": includes.folder_cycles,
     "engines free of Windows": includes.engines_free_of_windows,
@@ -15,6 +16,7 @@ RULES = {
     "function sizes": sizes.functions,
     "words": words.forbidden,
     "every source is built": listing.unlisted,
+    "root": listing.strangers,
 }
 
 

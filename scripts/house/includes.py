@@ -3,7 +3,7 @@
 import functools
 import re
 
-from .tree import GROUND, PROGRAM, ROOMS, SHARED_ROOMS, folder_of
+from .tree import GROUND, INNER_FLOORS, PROGRAM, ROOMS, SHARED_ROOMS, folder_of, subfolder_of
 
 INCLUDE = re.compile(r'^\s*#\s*include\s+(["<])([^">]+)[">]')
 
@@ -36,6 +36,31 @@ def direction(tree):
             target = folder_of(included)
             if target in PROGRAM and target != folder and target not in may_use(folder):
                 yield f"{name}:{number}: {folder}/ must not include from {target}/"
+
+
+def inner_direction(tree):
+    """Within a folder the arrows point down, too, and every subfolder has its floor."""
+    for name in tree.sources:
+        folder, own = folder_of(name), subfolder_of(name)
+        if folder not in PROGRAM or not own:
+            continue
+        level = inner_level(folder, own)
+        if level is None:
+            yield f"{name}:1: {folder}/{own}/ stands on no floor"
+            continue
+        for number, _, included in includes_of(tree, name):
+            target = subfolder_of(included)
+            if folder_of(included) != folder or target == own:
+                continue
+            if not target or inner_level(folder, target) is None or inner_level(folder, target) >= level:
+                yield f"{name}:{number}: {folder}/{own}/ must not include from {folder}/{target}"
+
+
+def inner_level(folder, subfolder):
+    for level, names in enumerate(INNER_FLOORS.get(folder, [])):
+        if subfolder in names:
+            return level
+    return None
 
 
 @functools.cache

@@ -15,8 +15,8 @@ CLEAN = {
     "base/CMakeLists.txt": "tarrow_engine(text.cpp)  # not: window.cpp\n",
     "base/text.h": "#pragma once\nint Length(int a);\n",
     "base/text.cpp": '#include "base/text.h"\n#include <vector>\nint Length(int a) {\n  return a;\n}\n',
-    "edit/CMakeLists.txt": "tarrow_window(child.cpp)\n",
-    "edit/child.cpp": '#include "base/text.h"\n#include "ui/bar.h"\n#include <windows.h>\n',
+    "edit/documents/CMakeLists.txt": "tarrow_window(child.cpp)\n",
+    "edit/documents/child.cpp": '#include "base/text.h"\n#include "ui/bar.h"\n#include <windows.h>\n',
     "ui/bar.h": "#pragma once\n",
 }
 
@@ -27,6 +27,10 @@ FAULTS = [
     ("direction of includes", {"framework/wnd.h": '#include "shell/app.h"\n'}),
     ("direction of includes", {"search/find.h": '#include "tools/list.h"\n'}),
     ("direction of includes", {"viewer/hex.h": '#include "shell/app.h"\n'}),
+    ("direction within a folder", {"edit/text/a.h": '#include "edit/control/b.h"\n'}),
+    ("direction within a folder", {"edit/files/a.h": '#include "edit/commands/b.h"\n'}),
+    ("direction within a folder", {"edit/documents/a.h": '#include "edit/b.h"\n'}),
+    ("direction within a folder", {"search/attic/a.h": ""}),
     ("cycles of files", {"base/a.h": '#include "base/b.h"\n', "base/b.h": '#include "base/a.h"\n'}),
     ("cycles of folders", {"edit/a.h": '#include "ui/bar.h"\n', "ui/bar.h": '#include "edit/b.h"\n', "edit/b.h": ""}),
     ("engines free of Windows", {"base/text.cpp": "#include <windows.h>\n"}),
@@ -41,6 +45,8 @@ FAULTS = [
     ("words", {"base/text.h": "// TODO: more\n"}),
     ("every source is built", {"base/lost.cpp": "\n"}),
     ("every source is built", {"base/window.cpp": "\n"}),
+    ("root", {"00-note.txt": ""}),
+    ("root", {"notes/one.md": ""}),
 ]
 
 # The lengths of the functions that a text holds.

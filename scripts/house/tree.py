@@ -11,6 +11,20 @@ ROOMS = ["search", "tools", "viewer", "project", "print"]
 TOP = ["shell", "console", "wrapper"]
 PROGRAM = GROUND + SHARED_ROOMS + ROOMS + TOP
 
+# The floors within a folder, from the ground up; what stands on one floor side by side does not know one
+# another. What stands in the folder itself is above them all.
+INNER_FLOORS = {
+    "edit": [["text"], ["files", "commands", "control"], ["documents"]],
+    "ui": [["commands"], ["program"], ["settings", "bars", "selector"]],
+    "search": [["pattern"], ["find", "files"]],
+    "shell": [["state"], ["frame"], ["commands"]],
+}
+
+# What may stand in the root: a note to oneself may not.
+ROOT_FILES = {".clang-format", ".clang-tidy", ".editorconfig", ".gitignore", "ARCHITECTURE.md", "CHANGES.md",
+              "CMakeLists.txt", "CMakePresets.json", "LICENSE", "README.md", "bench", "run", "test"}
+ROOT_FOLDERS = {*PROGRAM, ".ci", "benchmarks", "cmake", "doc", "fuzz", "help", "resources", "scripts", "tests"}
+
 
 class Tree:
     """The files under a root: those that git knows or would add, or all where there is no git."""
@@ -43,3 +57,9 @@ class Tree:
 
 def folder_of(name):
     return name.split("/")[0]
+
+
+def subfolder_of(name):
+    """The subfolder that a file stands in, or "" when it stands in its folder itself."""
+    parts = name.split("/")
+    return parts[1] if len(parts) > 2 else ""
