@@ -49,12 +49,14 @@ void CTwLog::Output::Write(std::string_view bytes) {
   held_.append(bytes);
   if (held_.size() / kLook == before / kLook) return;
   auto now = std::chrono::steady_clock::now();
-  if (held_.size() >= kBatch || now - shown_ >= kPeriod) Flush();
+  if (held_.size() >= kBatch || now - flushed_ >= kPeriod) Flush();
 }
 
 void CTwLog::Output::Flush() {
-  if (!held_.empty()) control_.Append(std::exchange(held_, {}));
-  shown_ = std::chrono::steady_clock::now();
+  shown_.clear();
+  std::swap(held_, shown_);
+  if (!shown_.empty()) control_.Append(shown_);
+  flushed_ = std::chrono::steady_clock::now();
 }
 
 void CTwLog::Finish() {

@@ -53,7 +53,8 @@ class CTwLog final : public CTwFileEdit {
    private:
     TextControl& control_;
     std::string held_;
-    std::chrono::steady_clock::time_point shown_{};
+    std::string shown_;  // last; kept for its room
+    std::chrono::steady_clock::time_point flushed_{};
   };
 
   CTwLog(const DocumentServices& program, PlaceFinder finder);
