@@ -1,6 +1,5 @@
 #include "edit/documents/file_edit.h"
 
-#include "base/text_format.h"
 #include "framework/text_resources.h"
 #include "resources/resource.h"
 #include "ui/commands/commands.h"

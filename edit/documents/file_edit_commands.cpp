@@ -4,7 +4,6 @@
 #include "edit/commands/goto_line.h"
 #include "edit/control/clipboard_text.h"
 #include "edit/documents/goto_line_dialog.h"
-#include "framework/mdi.h"
 #include "framework/text_resources.h"
 #include "ui/program/progress_box.h"
 #include "ui/program/string_ids.h"

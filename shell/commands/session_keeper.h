@@ -1,7 +1,6 @@
 // SessionKeeper: the windows of the last run brought back, and those of this run and its settings kept.
 #pragma once
 
-#include "framework/mdi.h"
 #include "shell/commands/document_windows.h"
 #include "shell/commands/open_files.h"
 #include "shell/state/program_state.h"
