@@ -2,14 +2,22 @@
 
 #include "search/pattern/byte_code.h"
 
+#include <cstddef>
+
 namespace tarrow {
 namespace {
 
 // Follows the code from its start along every path up to the first byte that it would consume. Paths not yet
 // taken wait on a stack; the newest is taken first.
+//
+// Paths meet again behind everything optional, so that there are as many as 2 to the number of such items.
+// What comes of a place depends on the place and on `canBeEmpty` alone, and a place is left only when all
+// that it leads to has been seen: coming there a second time in the same state could add nothing, and ends
+// the path.
 class MapWalk {
  public:
-  explicit MapWalk(CompiledPattern& pattern) : pattern_(pattern), code_(pattern.code) {}
+  explicit MapWalk(CompiledPattern& pattern)
+      : pattern_(pattern), code_(pattern.code), seen_(pattern.code.size()) {}
 
   void Run() {
     while (!isStopped_) {
@@ -17,7 +25,7 @@ class MapWalk {
         pattern_.canBeEmpty = CanBeEmpty::kAnywhere;
         return;
       }
-      if (Step()) continue;
+      if (IsNew() && Step()) continue;
       if (pending_.empty()) return;
       at_ = pending_.back();
       pending_.pop_back();
@@ -31,6 +39,15 @@ class MapWalk {
   void MarkAnyChar() {
     for (int c = 0; c < 256; ++c)
       if (c != '\r' && c != '\n') pattern_.firstCharMap[c] = true;
+  }
+
+  // Whether the walk is at this place for the first time in this state.
+  bool IsNew() {
+    auto state = static_cast<std::uint8_t>(1 << static_cast<int>(pattern_.canBeEmpty));
+    std::uint8_t& states = seen_[static_cast<std::size_t>(at_)];
+    bool isNew = (states & state) == 0;
+    states |= state;
+    return isNew;
   }
 
   // Takes the operation at `at_`; false when this path is done.
@@ -117,6 +134,7 @@ class MapWalk {
   int at_ = 0;
   bool isStopped_ = false;
   std::vector<int> pending_;
+  std::vector<std::uint8_t> seen_;  // for each place of the code the states in which it was walked
 };
 
 }  // namespace
