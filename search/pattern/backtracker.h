@@ -27,6 +27,7 @@ class Backtracker {
         text_(text),
         origin_(origin),
         stop_(stop),
+        stretchWeight_(1 + static_cast<int>(pattern.code.size()) / kCodePerTick),
         ticker_(ticker) {}
 
   // Returns the length of the match at `position`, kNoMatch or kMatcherOverflow. Throws std::bad_alloc.
@@ -65,7 +66,11 @@ class Backtracker {
  private:
   enum class Outcome { kGoOn, kFail, kMatch, kOverflow };
 
+  // How much code, and how many compared bytes, weigh as much as one step of the ticker.
+  static constexpr int kCodePerTick = 64, kComparedPerTick = 16, kScannedPerTick = 256;
+
   void Start(std::int32_t position) {
+    ticker_.Tick(stretchWeight_);
     at_ = program_.steps.data();
     here_ = position;
     emptyRounds_ = 0;
@@ -157,10 +162,11 @@ class Backtracker {
   Outcome TakeBackRef(int reg) {
     std::int32_t length = end_[reg] - start_[reg];
     if (end_[reg] < 0 || length < 0 || length > stop_ - here_) return Outcome::kFail;
-    for (std::int32_t i = 0; i < length; ++i)
-      if (Folded(here_ + i) != Folded(start_[reg] + i)) return Outcome::kFail;
+    std::int32_t same = 0;
+    while (same < length && Folded(here_ + same) == Folded(start_[reg] + same)) ++same;
+    ticker_.Tick(same / kComparedPerTick);
     here_ += length;
-    return GoOnIf(true);
+    return GoOnIf(same == length);
   }
 
   Outcome TakePush(const Instruction& step) {
@@ -182,7 +188,7 @@ class Backtracker {
   Outcome TakeLoopEnd(Instruction& step) {
     static constexpr int kMaxEmptyRounds = 4096;
     if (step.mode == LoopMode::kUndecided) Decide(step);
-    ticker_.Tick();
+    ticker_.Tick(stretchWeight_);
     if (step.mode == LoopMode::kPossessive && !stack_.Empty()) {
       std::int32_t after = program_.steps[static_cast<std::size_t>(step.index)].index;
       bool isEmptyRound = stack_.Top().step == after && stack_.Top().last == here_;
@@ -194,7 +200,7 @@ class Backtracker {
 
   std::int32_t RunEnd(const Instruction& step) {
     std::int32_t end = text_.FindFirstNot(ClassOf(step), here_, stop_);
-    ticker_.Tick(1 + (end - here_) / 256);
+    ticker_.Tick(1 + (end - here_) / kScannedPerTick);
     return end;
   }
 
@@ -232,7 +238,7 @@ class Backtracker {
   // Goes back to the newest failure point; false when there is none. Of a run of points before a byte, those
   // that stand before another are passed over together.
   bool Resume() {
-    ticker_.Tick();
+    ticker_.Tick(stretchWeight_);
     while (!stack_.Empty()) {
       FailureStack::Entry top = stack_.Top();
       if (top.step == FailureStack::kDormant) {
@@ -243,7 +249,7 @@ class Backtracker {
       std::int32_t last = top.last;
       bool wantsByte = next.step == Step::kByte || next.step == Step::kLiteral;
       if (wantsByte && last > top.first) last = text_.FindLast(FirstByte(next), top.first, last + 1);
-      ticker_.Tick((top.last - last) / 256);
+      ticker_.Tick((top.last - last) / kScannedPerTick);
       if (last < top.first) {
         stack_.Drop(top.last - top.first + 1);
         continue;
@@ -267,6 +273,7 @@ class Backtracker {
   const Text& text_;
   std::int32_t origin_;
   std::int32_t stop_;
+  int stretchWeight_;  // of the longest way through the code without going back to a failure point
   Instruction* at_ = nullptr;
   std::int32_t here_ = 0;
   int emptyRounds_ = 0;

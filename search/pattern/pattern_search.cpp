@@ -137,6 +137,7 @@ class Search {
   }
 
   std::int32_t NextFirst(std::int32_t from, std::int32_t to) {
+    ticker_.Tick();
     if (!plan_.hasFirst) return std::min(from, to);
     if (plan_.atWordStart)
       return InChunks(from, to, [&](auto a, auto b) { return text_.FindWordStart(plan_.first, a, b); });
@@ -144,6 +145,7 @@ class Search {
   }
 
   std::int32_t NextLine(std::int32_t from, std::int32_t to) {
+    ticker_.Tick();
     std::int32_t feed = InChunks(from, to, [&](auto a, auto b) { return text_.FindByte('\n', a, b); });
     return feed < to ? feed + 1 : to;
   }
@@ -152,6 +154,7 @@ class Search {
   std::int32_t NextLiteral(std::int32_t from, std::int32_t to) {
     auto overlap = static_cast<std::int32_t>(plan_.literal.Length()) - 1;
     if (to - overlap <= from) return to;
+    ticker_.Tick();
     std::int32_t at = InChunks(from, to - overlap, [&](auto a, auto b) {
       std::int32_t found = text_.FindLiteral(plan_.literal, a, b + overlap);
       return found < b ? found : b;
@@ -168,7 +171,6 @@ class Search {
   }
 
   std::int32_t Try(std::int32_t place) {
-    ticker_.Tick();
     if (plan_.atWordStart && place > 0 && IsWordChar(text_[place - 1])) return kNoMatch;
     std::int32_t length = matcher_.Run(place);
     if (length < 0) return length;
