@@ -27,7 +27,6 @@ class Backtracker {
         text_(text),
         origin_(origin),
         stop_(stop),
-        stretchWeight_(1 + static_cast<int>(pattern.code.size()) / kCodePerTick),
         ticker_(ticker) {}
 
   // Returns the length of the match at `position`, kNoMatch or kMatcherOverflow. Throws std::bad_alloc.
@@ -66,11 +65,11 @@ class Backtracker {
  private:
   enum class Outcome { kGoOn, kFail, kMatch, kOverflow };
 
-  // How much code, and how many compared bytes, weigh as much as one step of the ticker.
-  static constexpr int kCodePerTick = 64, kComparedPerTick = 16, kScannedPerTick = 256;
+  // How many bytes compared one by one, or scanned, weigh as much as one step of the ticker.
+  static constexpr int kComparedPerTick = 16, kScannedPerTick = 256;
 
   void Start(std::int32_t position) {
-    ticker_.Tick(stretchWeight_);
+    ticker_.Tick(program_.stretchWeight);
     at_ = program_.steps.data();
     here_ = position;
     emptyRounds_ = 0;
@@ -188,7 +187,7 @@ class Backtracker {
   Outcome TakeLoopEnd(Instruction& step) {
     static constexpr int kMaxEmptyRounds = 4096;
     if (step.mode == LoopMode::kUndecided) Decide(step);
-    ticker_.Tick(stretchWeight_);
+    ticker_.Tick(program_.stretchWeight);
     if (step.mode == LoopMode::kPossessive && !stack_.Empty()) {
       std::int32_t after = program_.steps[static_cast<std::size_t>(step.index)].index;
       bool isEmptyRound = stack_.Top().step == after && stack_.Top().last == here_;
@@ -238,7 +237,7 @@ class Backtracker {
   // Goes back to the newest failure point; false when there is none. Of a run of points before a byte, those
   // that stand before another are passed over together.
   bool Resume() {
-    ticker_.Tick(stretchWeight_);
+    ticker_.Tick(program_.stretchWeight);
     while (!stack_.Empty()) {
       FailureStack::Entry top = stack_.Top();
       if (top.step == FailureStack::kDormant) {
@@ -273,7 +272,6 @@ class Backtracker {
   const Text& text_;
   std::int32_t origin_;
   std::int32_t stop_;
-  int stretchWeight_;  // of the longest way through the code without going back to a failure point
   Instruction* at_ = nullptr;
   std::int32_t here_ = 0;
   int emptyRounds_ = 0;

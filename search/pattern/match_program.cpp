@@ -7,6 +7,8 @@
 namespace tarrow {
 namespace {
 
+constexpr int kCodePerTick = 64;  // bytes of code that weigh as much as one step of the ticker
+
 using Members = std::array<bool, 256>;
 
 // Folded letters are the ones that stand for two bytes of text.
@@ -40,6 +42,7 @@ class Decoder {
     }
     indexOf_[End()] = Here();
     program_.steps.push_back({Step::kMatch});
+    program_.stretchWeight += End() / kCodePerTick;
     for (Instruction& step : program_.steps)
       if (step.step == Step::kPush || step.step == Step::kPushDormant || step.step == Step::kLoopEnd)
         step.index = indexOf_[step.index];

@@ -48,6 +48,7 @@ struct MatchProgram {
   std::vector<Instruction> steps;  // ends with kMatch
   std::vector<ByteClass> classes;
   int registerCount = 1;  // the highest register in use, plus one
+  int stretchWeight = 1;  // of a way through the code without going round or back, in ticks
 };
 
 // Decodes `code`, compiled for folding or not. The code comes from CompilePattern; matching may have

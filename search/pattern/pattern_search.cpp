@@ -137,7 +137,6 @@ class Search {
   }
 
   std::int32_t NextFirst(std::int32_t from, std::int32_t to) {
-    ticker_.Tick();
     if (!plan_.hasFirst) return std::min(from, to);
     if (plan_.atWordStart)
       return InChunks(from, to, [&](auto a, auto b) { return text_.FindWordStart(plan_.first, a, b); });
