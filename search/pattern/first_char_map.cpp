@@ -1,6 +1,7 @@
 #include "search/pattern/first_char_map.h"
 
 #include "search/pattern/byte_code.h"
+#include "search/pattern/character_set.h"
 
 #include <cstddef>
 
@@ -66,19 +67,41 @@ class MapWalk {
       case Opcode::kOnFailureJump:
         pending_.push_back(JumpTarget(code_, at_));
         break;
+      case Opcode::kUtf8FoldedExact:
+        return TakeFoldedExact();
       case Opcode::kAnyChar:
+      case Opcode::kUtf8AnyChar:
         return TakeAnyChar();
       case Opcode::kCharSet:
         return TakeSet();
       case Opcode::kCharSetNot:
         return TakeSetNot();
+      case Opcode::kUtf8CharSet:
+      case Opcode::kUtf8CharSetNot:
+        MarkAll(CharacterSet(code_, at_, pattern_.foldCase).FirstBytes());
+        return false;
       case Opcode::kBackRef:
+      case Opcode::kUtf8FoldedBackRef:
         return TakeBackRef();
       default:
         break;
     }
     at_ += OperationSize(code_, at_);
     return true;
+  }
+
+  void MarkAll(const std::array<bool, 256>& bytes) {
+    for (int c = 0; c < 256; ++c)
+      if (bytes[static_cast<std::size_t>(c)]) Mark(c);
+  }
+
+  // The other case of a character beyond ASCII may begin with another byte.
+  bool TakeFoldedExact() {
+    std::uint8_t first = code_[at_ + 2];
+    for (int c = 0x80; c < 256; ++c)
+      if (first >= 0x80) Mark(c);
+    if (first < 0x80) Mark(first);
+    return false;
   }
 
   bool TakeLineEnd() {

@@ -3,6 +3,7 @@
 #include "search/pattern/backtracker.h"
 #include "search/pattern/first_char_map.h"
 #include "search/pattern/prepared_search.h"
+#include "search/pattern/utf8_text.h"
 
 #include <new>
 
@@ -15,6 +16,7 @@ class Search {
   Search(CompiledPattern& pattern, const Text& text, MatchRegisters* registers, Progress* progress)
       : pattern_(pattern),
         plan_(PlanOf(pattern)),
+        words_(pattern.Alphabet().words),
         text_(text),
         size_(text.Size()),
         registers_(registers),
@@ -139,7 +141,8 @@ class Search {
   std::int32_t NextFirst(std::int32_t from, std::int32_t to) {
     if (!plan_.hasFirst) return std::min(from, to);
     if (plan_.atWordStart)
-      return InChunks(from, to, [&](auto a, auto b) { return text_.FindWordStart(plan_.first, a, b); });
+      return InChunks(from, to,
+                      [&](auto a, auto b) { return text_.FindWordStart(words_, plan_.first, a, b); });
     return InChunks(from, to, [&](auto a, auto b) { return text_.FindFirst(plan_.first, a, b); });
   }
 
@@ -170,7 +173,9 @@ class Search {
   }
 
   std::int32_t Try(std::int32_t place) {
-    if (plan_.atWordStart && place > 0 && IsWordChar(text_[place - 1])) return kNoMatch;
+    if (plan_.atWordStart && place > 0 && words_.Has(text_[place - 1])) return kNoMatch;
+    // No match begins within a character.
+    if (pattern_.isForUtf8 && Utf8Start(text_, place) != place) return kNoMatch;
     std::int32_t length = matcher_.Run(place);
     if (length < 0) return length;
     if (registers_) matcher_.Report(place, *registers_);
@@ -179,6 +184,7 @@ class Search {
 
   CompiledPattern& pattern_;
   const SearchPlan& plan_;
+  const ByteClass& words_;
   Text text_;
   std::int32_t size_;
   MatchRegisters* registers_;
