@@ -16,15 +16,30 @@ class Progress {
 
   // How much is done, in the unit in which whoever shows it has been told the whole.
   virtual void SetDone(std::int64_t) {}
+
+ private:
+  friend class ProgressTicker;
+
+  // What the tickers of this progress hand on to one another.
+  int ticked_ = 0;  // since the clock was looked at
+  std::chrono::steady_clock::time_point lastPoll_{};
 };
 
 // Turns calls from an inner loop into polls by time: Tick() costs a decrement and only looks at the clock
 // every `stride` calls. A null progress makes it a no-op. Making one costs nothing either: the first look at
 // the clock only starts the time.
+//
+// A ticker takes up the count and the time where the one before it left them, so that an operation of many
+// short steps, each with a ticker of its own, polls like one long step. The progress outlives its tickers.
 class ProgressTicker {
  public:
   explicit ProgressTicker(Progress* progress, int stride = 4096)
-      : progress_(progress), stride_(stride), countdown_(stride) {}
+      : progress_(progress), stride_(stride), countdown_(stride - (progress ? progress->ticked_ : 0)) {}
+  ~ProgressTicker() {
+    if (progress_) progress_->ticked_ = stride_ - countdown_;
+  }
+  ProgressTicker(const ProgressTicker&) = delete;
+  ProgressTicker& operator=(const ProgressTicker&) = delete;
 
   // `weight` is the work done since the last call, in units of a few nanoseconds.
   void Tick(int weight = 1) {
@@ -39,16 +54,16 @@ class ProgressTicker {
     countdown_ = stride_;
     if (!progress_) return;
     auto now = std::chrono::steady_clock::now();
-    if (last_ == std::chrono::steady_clock::time_point{}) last_ = now;
-    if (now - last_ < kPeriod) return;
-    last_ = now;
+    auto& last = progress_->lastPoll_;
+    if (last == std::chrono::steady_clock::time_point{}) last = now;
+    if (now - last < kPeriod) return;
+    last = now;
     progress_->Poll();
   }
 
   Progress* progress_;
   int stride_;
   int countdown_;
-  std::chrono::steady_clock::time_point last_{};
 };
 
 }  // namespace tarrow

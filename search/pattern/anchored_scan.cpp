@@ -43,7 +43,6 @@ class AnchoredScan {
   }
 
   std::int32_t Try(std::size_t place) {
-    ticker_.Tick();
     try {
       return matcher_.RunFromStart(static_cast<std::int32_t>(place));
     } catch (const std::bad_alloc&) {

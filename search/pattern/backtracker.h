@@ -10,8 +10,8 @@
 #include "search/pattern/match_program.h"
 #include "search/pattern/regex_matcher.h"
 #include "search/pattern/text_access.h"
-
-#include <optional>
+#include "search/pattern/utf8_text.h"
+#include "search/pattern/word_test.h"
 
 namespace tarrow {
 
@@ -24,6 +24,7 @@ class Backtracker {
       : pattern_(pattern),
         program_(program),
         fold_(pattern.Fold()),
+        alphabet_(pattern.Alphabet()),
         text_(text),
         origin_(origin),
         stop_(stop),
@@ -65,7 +66,11 @@ class Backtracker {
  private:
   enum class Outcome { kGoOn, kFail, kMatch, kOverflow };
 
+  // How many bytes compared one by one, or scanned, weigh as much as one step of the ticker.
+  static constexpr int kComparedPerTick = 16, kScannedPerTick = 256;
+
   void Start(std::int32_t position) {
+    ticker_.Tick(program_.stretchWeight);
     at_ = program_.steps.data();
     here_ = position;
     emptyRounds_ = 0;
@@ -74,7 +79,11 @@ class Backtracker {
   }
 
   int Folded(std::int32_t i) const { return fold_[static_cast<std::uint8_t>(text_[i])]; }
-  bool IsWordAt(std::int32_t i) const { return i >= origin_ && i < text_.Size() && IsWordChar(text_[i]); }
+  bool IsWordAt(std::int32_t i) const {
+    return i >= origin_ && i < text_.Size() && alphabet_.IsWord(text_[i]);
+  }
+  bool IsUtf8WordAt(std::int32_t i) const { return i < text_.Size() && IsWordInUtf8(text_, i); }
+  bool IsUtf8WordBefore(std::int32_t i) const { return i > origin_ && IsWordBeforeInUtf8(text_, i); }
   const ByteClass& ClassOf(const Instruction& step) const {
     return program_.classes[static_cast<std::size_t>(step.index)];
   }
@@ -120,9 +129,38 @@ class Backtracker {
       case Step::kLoopEnd:
         return TakeLoopEnd(step);
       case Step::kStar:
-        return TakeStar(step);
+        return TakeStar(step, RunEnd(step));
       case Step::kPlus:
-        return TakePlus(step);
+        return TakePlus(step, RunEnd(step));
+      default:
+        return TakeUtf8(step);
+    }
+  }
+
+  Outcome TakeUtf8(Instruction& step) {
+    switch (step.step) {
+      case Step::kCharacter: {
+        std::int32_t length = LengthIn(SetOf(step), here_);
+        here_ += length;
+        return GoOnIf(length > 0);
+      }
+      case Step::kCharacterStar:
+        return TakeStar(step, CharacterRunEnd(step));
+      case Step::kCharacterPlus:
+        return TakePlus(step, CharacterRunEnd(step));
+      case Step::kUtf8FoldedLiteral: {
+        auto bytes = reinterpret_cast<const char*>(pattern_.code.data() + step.code);
+        return TakeFoldedUtf8(FlatText(TextView({bytes, step.operand})), 0, step.operand);
+      }
+      case Step::kUtf8FoldedBackRef:
+        if (!IsSet(step.operand)) return Outcome::kFail;
+        return TakeFoldedUtf8(text_, start_[step.operand], end_[step.operand]);
+      case Step::kUtf8WordStart:
+        return GoOnIf(IsUtf8WordAt(here_) && !IsUtf8WordBefore(here_));
+      case Step::kUtf8WordEnd:
+        return GoOnIf(IsUtf8WordBefore(here_) && !IsUtf8WordAt(here_));
+      default:
+        break;
     }
     return Outcome::kFail;
   }
@@ -153,14 +191,51 @@ class Backtracker {
     return GoOnIf(true);
   }
 
+  const CharacterSet& SetOf(const Instruction& step) const {
+    return program_.sets[static_cast<std::size_t>(step.index)];
+  }
+
+  // The length of the character at `at` if it is in `set`, else 0.
+  std::int32_t LengthIn(const CharacterSet& set, std::int32_t at) const {
+    if (at >= stop_) return 0;
+    if (static_cast<std::uint8_t>(text_[at]) < 0x80) return set.HasAscii(text_[at]);
+    Utf8Char c = Utf8At(text_, at);
+    return c.length <= stop_ - at && set.HasBeyond(c.code) ? c.length : 0;
+  }
+
+  std::int32_t CharacterRunEnd(const Instruction& step) {
+    std::int32_t end = here_;
+    while (std::int32_t length = LengthIn(SetOf(step), end)) end += length;
+    ticker_.Tick(1 + (end - here_) / kComparedPerTick);
+    return end;
+  }
+
+  // Compares with the characters of `wanted` in [from, to).
+  template <typename Wanted>
+  Outcome TakeFoldedUtf8(const Wanted& wanted, std::int32_t from, std::int32_t to) {
+    std::int32_t at = here_, next = from;
+    while (next < to && at < stop_) {
+      Utf8Char a = Utf8At(wanted, next), b = Utf8At(text_, at);
+      if (a.code != b.code && FoldCharacter(a.code) != FoldCharacter(b.code)) break;
+      next += a.length;
+      at += b.length;
+    }
+    ticker_.Tick((at - here_) / kComparedPerTick);
+    here_ = at;
+    return GoOnIf(next >= to && at <= stop_);
+  }
+
   // A register that holds no text, because its group never closed or was entered anew, matches nothing.
+  bool IsSet(int reg) const { return end_[reg] >= 0 && end_[reg] >= start_[reg]; }
+
   Outcome TakeBackRef(int reg) {
     std::int32_t length = end_[reg] - start_[reg];
-    if (end_[reg] < 0 || length < 0 || length > stop_ - here_) return Outcome::kFail;
-    for (std::int32_t i = 0; i < length; ++i)
-      if (Folded(here_ + i) != Folded(start_[reg] + i)) return Outcome::kFail;
+    if (!IsSet(reg) || length > stop_ - here_) return Outcome::kFail;
+    std::int32_t same = 0;
+    while (same < length && Folded(here_ + same) == Folded(start_[reg] + same)) ++same;
+    ticker_.Tick(same / kComparedPerTick);
     here_ += length;
-    return GoOnIf(true);
+    return GoOnIf(same == length);
   }
 
   Outcome TakePush(const Instruction& step) {
@@ -171,7 +246,7 @@ class Backtracker {
 
   // When a loop is closed for the first time it is decided, for good, whether it may forget its points.
   void Decide(Instruction& step) {
-    bool isPossessive = MayFinalizeLoop(pattern_.code, step.code);
+    bool isPossessive = MayFinalizeLoop(pattern_.code, step.code, pattern_.foldCase);
     step.mode = isPossessive ? LoopMode::kPossessive : LoopMode::kBacktracking;
     pattern_.code[static_cast<std::size_t>(step.code)] =
         static_cast<std::uint8_t>(isPossessive ? Opcode::kFinalizeJump : Opcode::kJump);
@@ -182,7 +257,7 @@ class Backtracker {
   Outcome TakeLoopEnd(Instruction& step) {
     static constexpr int kMaxEmptyRounds = 4096;
     if (step.mode == LoopMode::kUndecided) Decide(step);
-    ticker_.Tick();
+    ticker_.Tick(program_.stretchWeight);
     if (step.mode == LoopMode::kPossessive && !stack_.Empty()) {
       std::int32_t after = program_.steps[static_cast<std::size_t>(step.index)].index;
       bool isEmptyRound = stack_.Top().step == after && stack_.Top().last == here_;
@@ -194,13 +269,12 @@ class Backtracker {
 
   std::int32_t RunEnd(const Instruction& step) {
     std::int32_t end = text_.FindFirstNot(ClassOf(step), here_, stop_);
-    ticker_.Tick(1 + (end - here_) / 256);
+    ticker_.Tick(1 + (end - here_) / kScannedPerTick);
     return end;
   }
 
   // Each round pushes a point; the last one finds no byte and takes its own point away again.
-  Outcome TakeStar(Instruction& step) {
-    std::int32_t end = RunEnd(step);
+  Outcome TakeStar(Instruction& step, std::int32_t end) {
     if (end > here_ && step.mode == LoopMode::kUndecided) Decide(step);
     bool keepsPoints = end > here_ && step.mode == LoopMode::kBacktracking;
     if (!stack_.Reserve(keepsPoints ? end - here_ + 1 : 1)) return Outcome::kOverflow;
@@ -211,8 +285,7 @@ class Backtracker {
   }
 
   // As a star, but the first round is guarded by a dormant point, which a possessive loop takes away.
-  Outcome TakePlus(Instruction& step) {
-    std::int32_t end = RunEnd(step);
+  Outcome TakePlus(Instruction& step, std::int32_t end) {
     stack_.PushDormant();
     if (end == here_) return Outcome::kFail;
     if (step.mode == LoopMode::kUndecided) Decide(step);
@@ -230,9 +303,9 @@ class Backtracker {
   }
 
   // Goes back to the newest failure point; false when there is none. Of a run of points before a byte, those
-  // that stand before another are passed over together.
+  // that stand before another are passed over together. In UTF-8 a place within a character is no point.
   bool Resume() {
-    ticker_.Tick();
+    ticker_.Tick(program_.stretchWeight);
     while (!stack_.Empty()) {
       FailureStack::Entry top = stack_.Top();
       if (top.step == FailureStack::kDormant) {
@@ -243,7 +316,8 @@ class Backtracker {
       std::int32_t last = top.last;
       bool wantsByte = next.step == Step::kByte || next.step == Step::kLiteral;
       if (wantsByte && last > top.first) last = text_.FindLast(FirstByte(next), top.first, last + 1);
-      ticker_.Tick((top.last - last) / 256);
+      if (program_.isForUtf8) last = Utf8Start(text_, last);
+      ticker_.Tick((top.last - last) / kScannedPerTick);
       if (last < top.first) {
         stack_.Drop(top.last - top.first + 1);
         continue;
@@ -264,6 +338,7 @@ class Backtracker {
   CompiledPattern& pattern_;
   MatchProgram& program_;
   const FoldTable& fold_;
+  const ByteAlphabet& alphabet_;
   const Text& text_;
   std::int32_t origin_;
   std::int32_t stop_;

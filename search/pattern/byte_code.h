@@ -13,6 +13,7 @@ namespace tarrow {
 using ByteCode = std::span<const std::uint8_t>;
 
 inline constexpr int kJumpSize = 3;
+inline constexpr int kCodeRangeSize = 6;
 
 inline int CodeByte(ByteCode code, int at) {
   return static_cast<std::size_t>(at) < code.size() ? code[static_cast<std::size_t>(at)] : 0;
@@ -33,13 +34,22 @@ inline bool IsInBitmap(ByteCode code, int at, int c) {
   return c < 8 * CodeByte(code, at + 1) && (CodeByte(code, at + 2 + c / 8) >> (c % 8) & 1);
 }
 
+inline int Utf8SetSize(ByteCode code, int at) {
+  int count = at + 2 + CodeByte(code, at + 1);
+  return count + 2 + kCodeRangeSize * (CodeByte(code, count) | CodeByte(code, count + 1) << 8) - at;
+}
+
 // The length of the operation at `at` with its operands, in bytes.
 inline int OperationSize(ByteCode code, int at) {
   switch (OpcodeAt(code, at)) {
     case Opcode::kExact:
     case Opcode::kCharSet:
     case Opcode::kCharSetNot:
+    case Opcode::kUtf8FoldedExact:
       return 2 + CodeByte(code, at + 1);
+    case Opcode::kUtf8CharSet:
+    case Opcode::kUtf8CharSetNot:
+      return Utf8SetSize(code, at);
     case Opcode::kJump:
     case Opcode::kOnFailureJump:
     case Opcode::kFinalizeJump:
@@ -49,6 +59,7 @@ inline int OperationSize(ByteCode code, int at) {
     case Opcode::kGroupStart:
     case Opcode::kGroupEnd:
     case Opcode::kBackRef:
+    case Opcode::kUtf8FoldedBackRef:
       return 2;
     default:
       return 1;
@@ -61,6 +72,6 @@ inline int OperationSize(ByteCode code, int at) {
 // The look ahead steps over group marks one byte at a time, not one operation with its register: after a
 // group mark of register 1 it reads the 1 as an Exact, after one of register 3 the 3 as a LineEnd. That is
 // meant: it makes the loop of "\(a*\)a" keep all it took, and patterns are written with that in mind.
-bool MayFinalizeLoop(ByteCode code, int at);
+bool MayFinalizeLoop(ByteCode code, int at, bool foldCase);
 
 }  // namespace tarrow

@@ -28,4 +28,9 @@ const ByteClass& WordClass() {
   return words;
 }
 
+const ByteAlphabet& AsciiAlphabet() {
+  static const ByteAlphabet ascii{kFoldToUpper, kWordChars, WordClass()};
+  return ascii;
+}
+
 }  // namespace tarrow

@@ -1,7 +1,7 @@
-// What patterns know of single characters: how case is folded and what makes up a word.
+// What patterns know of single bytes: how case is folded and what makes up a word.
 //
-// Both are facts about ASCII alone. Bytes of 0x80 and above fold to themselves and belong to no word,
-// whatever the text's character set, so that a pattern means the same in every file.
+// By themselves both are facts about ASCII alone: bytes of 0x80 and above fold to themselves and belong to no
+// word. A text in a code page of one byte a character has an alphabet that knows its other letters too.
 #pragma once
 
 #include "base/byte_class.h"
@@ -28,5 +28,15 @@ const ByteClass& WordClass();
 inline bool IsWordChar(char c) {
   return kWordChars[static_cast<unsigned char>(c)];
 }
+
+struct ByteAlphabet {
+  FoldTable fold;  // to upper case
+  std::array<bool, 256> isWord;
+  ByteClass words;  // the same to scan for
+
+  bool IsWord(char c) const { return isWord[static_cast<unsigned char>(c)]; }
+};
+
+const ByteAlphabet& AsciiAlphabet();
 
 }  // namespace tarrow

@@ -7,6 +7,10 @@
 //   X+   DummyFailureJump (to X)  OnFailureJump (to after)  X  MaybeFinalizeJump (to the OnFailureJump)
 //   X?   OnFailureJump (to after)  X
 //
+// The code works on bytes, which are all the same as characters in ASCII and in most code pages. For texts in
+// UTF-8 a pattern can be compiled into code that knows characters: its operations have numbers of their own,
+// and occur only where the same pattern made of bytes would take characters apart or not know their case.
+//
 // A compiled pattern belongs to one search context. Matching changes it: each MaybeFinalizeJump decides, when
 // it is first executed, whether its loop may forget how to backtrack, and rewrites itself for good.
 #pragma once
@@ -40,6 +44,15 @@ enum class Opcode : std::uint8_t {
   kBackRef = 14,           // register 1..9
   kWordStart = 18,
   kWordEnd = 19,
+
+  // What patterns for UTF-8 texts have in place of some of these, where bytes would not do.
+  kUtf8AnyChar = 20,
+  kUtf8CharSet = 21,        // as kCharSet, for ASCII; then a count of two bytes, low byte first, and as many
+  kUtf8CharSetNot = 22,     // ranges of codes, each a first and a last one of three bytes, low byte first
+  kUtf8FoldedExact = 23,    // count 1..127, then as many bytes, of whole folded characters
+  kUtf8FoldedBackRef = 24,  // register 1..9
+  kUtf8WordStart = 25,
+  kUtf8WordEnd = 26,
 };
 
 // Why a pattern does not compile; the numbers are those that callers pass around.
@@ -75,6 +88,12 @@ struct CompiledPattern {
   // Chosen by the owner before compiling: letters match in either case.
   bool foldCase = false;
 
+  // Also chosen before: whether the pattern is for texts in UTF-8 that go beyond ASCII. It is UTF-8 itself
+  // then, and everything in it means whole characters. If not, characters are bytes, ASCII or, in the texts
+  // of a code page, what the alphabet says.
+  bool isForUtf8 = false;
+  std::shared_ptr<const ByteAlphabet> alphabet;  // null: ASCII
+
   // Written by CompilePattern; `code` also by the matcher, as told above.
   std::vector<std::uint8_t> code;
   bool hasLineStart = false;
@@ -88,7 +107,8 @@ struct CompiledPattern {
   // Made by the matcher when it first needs it, dropped by CompilePattern.
   PreparedSearchOwner prepared;
 
-  const FoldTable& Fold() const { return foldCase ? kFoldToUpper : kFoldNothing; }
+  const ByteAlphabet& Alphabet() const { return alphabet ? *alphabet : AsciiAlphabet(); }
+  const FoldTable& Fold() const { return foldCase ? Alphabet().fold : kFoldNothing; }
 };
 
 // Where a match and its groups lie: register 0 is the whole match, 1 to 9 the groups in the order of their

@@ -1,15 +1,24 @@
 #include "search/pattern/first_char_map.h"
 
 #include "search/pattern/byte_code.h"
+#include "search/pattern/character_set.h"
+
+#include <cstddef>
 
 namespace tarrow {
 namespace {
 
 // Follows the code from its start along every path up to the first byte that it would consume. Paths not yet
 // taken wait on a stack; the newest is taken first.
+//
+// Paths meet again behind everything optional, so that there are as many as 2 to the number of such items.
+// What comes of a place depends on the place and on `canBeEmpty` alone, and a place is left only when all
+// that it leads to has been seen: coming there a second time in the same state could add nothing, and ends
+// the path.
 class MapWalk {
  public:
-  explicit MapWalk(CompiledPattern& pattern) : pattern_(pattern), code_(pattern.code) {}
+  explicit MapWalk(CompiledPattern& pattern)
+      : pattern_(pattern), code_(pattern.code), seen_(pattern.code.size()) {}
 
   void Run() {
     while (!isStopped_) {
@@ -17,7 +26,7 @@ class MapWalk {
         pattern_.canBeEmpty = CanBeEmpty::kAnywhere;
         return;
       }
-      if (Step()) continue;
+      if (IsNew() && Step()) continue;
       if (pending_.empty()) return;
       at_ = pending_.back();
       pending_.pop_back();
@@ -31,6 +40,15 @@ class MapWalk {
   void MarkAnyChar() {
     for (int c = 0; c < 256; ++c)
       if (c != '\r' && c != '\n') pattern_.firstCharMap[c] = true;
+  }
+
+  // Whether the walk is at this place for the first time in this state.
+  bool IsNew() {
+    auto state = static_cast<std::uint8_t>(1 << static_cast<int>(pattern_.canBeEmpty));
+    std::uint8_t& states = seen_[static_cast<std::size_t>(at_)];
+    bool isNew = (states & state) == 0;
+    states |= state;
+    return isNew;
   }
 
   // Takes the operation at `at_`; false when this path is done.
@@ -49,19 +67,41 @@ class MapWalk {
       case Opcode::kOnFailureJump:
         pending_.push_back(JumpTarget(code_, at_));
         break;
+      case Opcode::kUtf8FoldedExact:
+        return TakeFoldedExact();
       case Opcode::kAnyChar:
+      case Opcode::kUtf8AnyChar:
         return TakeAnyChar();
       case Opcode::kCharSet:
         return TakeSet();
       case Opcode::kCharSetNot:
         return TakeSetNot();
+      case Opcode::kUtf8CharSet:
+      case Opcode::kUtf8CharSetNot:
+        MarkAll(CharacterSet(code_, at_, pattern_.foldCase).FirstBytes());
+        return false;
       case Opcode::kBackRef:
+      case Opcode::kUtf8FoldedBackRef:
         return TakeBackRef();
       default:
         break;
     }
     at_ += OperationSize(code_, at_);
     return true;
+  }
+
+  void MarkAll(const std::array<bool, 256>& bytes) {
+    for (int c = 0; c < 256; ++c)
+      if (bytes[static_cast<std::size_t>(c)]) Mark(c);
+  }
+
+  // The other case of a character beyond ASCII may begin with another byte.
+  bool TakeFoldedExact() {
+    std::uint8_t first = code_[at_ + 2];
+    for (int c = 0x80; c < 256; ++c)
+      if (first >= 0x80) Mark(c);
+    if (first < 0x80) Mark(first);
+    return false;
   }
 
   bool TakeLineEnd() {
@@ -117,6 +157,7 @@ class MapWalk {
   int at_ = 0;
   bool isStopped_ = false;
   std::vector<int> pending_;
+  std::vector<std::uint8_t> seen_;  // for each place of the code the states in which it was walked
 };
 
 }  // namespace

@@ -7,12 +7,9 @@
 namespace tarrow {
 namespace {
 
-using Members = std::array<bool, 256>;
+constexpr int kCodePerTick = 64;  // bytes of code that weigh as much as one step of the ticker
 
-// Folded letters are the ones that stand for two bytes of text.
-bool IsFoldedLetter(int c) {
-  return c >= 'A' && c <= 'Z';
-}
+using Members = std::array<bool, 256>;
 
 bool IsLoopEnd(Opcode op) {
   return op == Opcode::kMaybeFinalizeJump || op == Opcode::kFinalizeJump || op == Opcode::kJump;
@@ -24,12 +21,14 @@ bool IsJump(Opcode op) {
 
 class Decoder {
  public:
-  Decoder(ByteCode code, bool foldCase)
-      : code_(code),
-        fold_(foldCase ? kFoldToUpper : kFoldNothing),
-        foldCase_(foldCase),
-        jumpsTo_(code.size() + 1),
-        indexOf_(code.size() + 1) {}
+  explicit Decoder(const CompiledPattern& pattern)
+      : code_(pattern.code),
+        fold_(pattern.Fold()),
+        foldCase_(pattern.foldCase),
+        jumpsTo_(code_.size() + 1),
+        indexOf_(code_.size() + 1) {
+    program_.isForUtf8 = pattern.isForUtf8;
+  }
 
   MatchProgram Run() {
     for (int at = 0; at < End(); at += OperationSize(code_, at))
@@ -40,6 +39,7 @@ class Decoder {
     }
     indexOf_[End()] = Here();
     program_.steps.push_back({Step::kMatch});
+    program_.stretchWeight += End() / kCodePerTick;
     for (Instruction& step : program_.steps)
       if (step.step == Step::kPush || step.step == Step::kPushDormant || step.step == Step::kLoopEnd)
         step.index = indexOf_[step.index];
@@ -84,6 +84,23 @@ class Decoder {
       case Opcode::kWordEnd:
         Add(Step::kWordEnd, 0);
         break;
+      case Opcode::kUtf8AnyChar:
+      case Opcode::kUtf8CharSet:
+      case Opcode::kUtf8CharSetNot:
+        Add(Step::kCharacter, 0, SetOf(at));
+        break;
+      case Opcode::kUtf8FoldedExact:
+        Add(Step::kUtf8FoldedLiteral, CodeByte(code_, at + 1), 0, at + 2);
+        break;
+      case Opcode::kUtf8FoldedBackRef:
+        AddGroupStep(Step::kUtf8FoldedBackRef, at);
+        break;
+      case Opcode::kUtf8WordStart:
+        Add(Step::kUtf8WordStart, 0);
+        break;
+      case Opcode::kUtf8WordEnd:
+        Add(Step::kUtf8WordEnd, 0);
+        break;
       case Opcode::kGroupStart:
         AddGroupStep(Step::kGroupStart, at);
         break;
@@ -114,12 +131,15 @@ class Decoder {
     int count = CodeByte(code_, at + 1);
     if (count > 1) {
       Add(foldCase_ ? Step::kFoldedLiteral : Step::kLiteral, count, 0, at + 2);
-    } else if (foldCase_ && IsFoldedLetter(CodeByte(code_, at + 2))) {
+    } else if (foldCase_ && StandsForMore(CodeByte(code_, at + 2))) {
       Add(Step::kClass, 0, ClassOf(at));
     } else {
       Add(Step::kByte, CodeByte(code_, at + 2));
     }
   }
+
+  // Is there another byte that is folded to `c`?
+  bool StandsForMore(int c) const { return std::ranges::count(fold_, c) > 1; }
 
   void AddGroupStep(Step step, int at) {
     int reg = CodeByte(code_, at + 1);
@@ -133,9 +153,14 @@ class Decoder {
     if (OpcodeAt(code_, jumpAt) == Opcode::kJump) program_.steps.back().mode = LoopMode::kBacktracking;
   }
 
+  bool IsCharacter(int at) const {
+    Opcode op = OpcodeAt(code_, at);
+    return op == Opcode::kUtf8AnyChar || op == Opcode::kUtf8CharSet || op == Opcode::kUtf8CharSetNot;
+  }
+
   bool IsSingleChar(int at) const {
     Opcode op = OpcodeAt(code_, at);
-    return op == Opcode::kAnyChar || op == Opcode::kCharSet || op == Opcode::kCharSetNot ||
+    return IsCharacter(at) || op == Opcode::kAnyChar || op == Opcode::kCharSet || op == Opcode::kCharSetNot ||
            (op == Opcode::kExact && CodeByte(code_, at + 1) == 1);
   }
 
@@ -152,7 +177,7 @@ class Decoder {
 
   int DecodeLoop(int at) {
     if (int size = StarSize(at, 0)) {
-      AddLoopEnd(Step::kStar, at + size - kJumpSize, ClassOf(at + kJumpSize));
+      AddRun(Step::kStar, Step::kCharacterStar, at + kJumpSize, at + size - kJumpSize);
       return size;
     }
     int star = at + kJumpSize;
@@ -160,8 +185,24 @@ class Decoder {
       return 0;
     int size = StarSize(star, 1);
     if (size == 0 || jumpsTo_[star] != 1) return 0;
-    AddLoopEnd(Step::kPlus, star + size - kJumpSize, ClassOf(star + kJumpSize));
+    AddRun(Step::kPlus, Step::kCharacterPlus, star + kJumpSize, star + size - kJumpSize);
     return kJumpSize + size;
+  }
+
+  // Adds the loop over the single character at `body`. Where all characters beyond ASCII belong to it, its
+  // run goes over them byte by byte.
+  void AddRun(Step ofBytes, Step ofCharacters, int body, int jumpAt) {
+    if (!IsCharacter(body)) return AddLoopEnd(ofBytes, jumpAt, ClassOf(body));
+    CharacterSet set(code_, body, foldCase_);
+    if (set.HasAllBeyond())
+      AddLoopEnd(ofBytes, jumpAt, IndexOf(set.AllBytes()));
+    else
+      AddLoopEnd(ofCharacters, jumpAt, SetOf(body));
+  }
+
+  int SetOf(int at) {
+    program_.sets.emplace_back(code_, at, foldCase_);
+    return static_cast<int>(program_.sets.size()) - 1;
   }
 
   // The index of the class of text bytes that the one-character operation at `at` matches.
@@ -175,6 +216,10 @@ class Decoder {
                                                  ? folded == CodeByte(code_, at + 2)
                                                  : IsInBitmap(code_, at, folded) == (op == Opcode::kCharSet);
     }
+    return IndexOf(members);
+  }
+
+  int IndexOf(const Members& members) {
     auto [entry, isNew] = classIndex_.try_emplace(members, static_cast<int>(program_.classes.size()));
     if (isNew) program_.classes.emplace_back(members);
     return entry->second;
@@ -191,8 +236,8 @@ class Decoder {
 
 }  // namespace
 
-MatchProgram DecodeProgram(ByteCode code, bool foldCase) {
-  return Decoder(code, foldCase).Run();
+MatchProgram DecodeProgram(const CompiledPattern& pattern) {
+  return Decoder(pattern).Run();
 }
 
 }  // namespace tarrow

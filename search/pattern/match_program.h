@@ -7,6 +7,7 @@
 
 #include "base/byte_class.h"
 #include "search/pattern/byte_code.h"
+#include "search/pattern/character_set.h"
 
 #include <cstdint>
 #include <vector>
@@ -31,6 +32,15 @@ enum class Step : std::uint8_t {
   kLoopEnd,      // back to `index`, forgetting a failure point or not, as `mode` says
   kStar,         // any number of bytes of class `index`
   kPlus,         // at least one
+
+  // Of UTF-8 texts.
+  kCharacter,          // one character of set `index`
+  kCharacterStar,      // any number of them
+  kCharacterPlus,      // at least one
+  kUtf8FoldedLiteral,  // the characters of `operand` bytes of the code at `code`, folded
+  kUtf8FoldedBackRef,  // register `operand`
+  kUtf8WordStart,
+  kUtf8WordEnd,
 };
 
 // What the byte code has made of the MaybeFinalizeJump of a loop.
@@ -47,11 +57,14 @@ struct Instruction {
 struct MatchProgram {
   std::vector<Instruction> steps;  // ends with kMatch
   std::vector<ByteClass> classes;
+  std::vector<CharacterSet> sets;
+  bool isForUtf8 = false;
   int registerCount = 1;  // the highest register in use, plus one
+  int stretchWeight = 1;  // of a way through the code without going round or back, in ticks
 };
 
-// Decodes `code`, compiled for folding or not. The code comes from CompilePattern; matching may have
-// rewritten some of it already.
-MatchProgram DecodeProgram(ByteCode code, bool foldCase);
+// Decodes the code of `pattern`. It comes from CompilePattern; matching may have rewritten some of it
+// already.
+MatchProgram DecodeProgram(const CompiledPattern& pattern);
 
 }  // namespace tarrow

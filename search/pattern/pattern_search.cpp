@@ -3,6 +3,7 @@
 #include "search/pattern/backtracker.h"
 #include "search/pattern/first_char_map.h"
 #include "search/pattern/prepared_search.h"
+#include "search/pattern/utf8_text.h"
 
 #include <new>
 
@@ -15,6 +16,7 @@ class Search {
   Search(CompiledPattern& pattern, const Text& text, MatchRegisters* registers, Progress* progress)
       : pattern_(pattern),
         plan_(PlanOf(pattern)),
+        words_(pattern.Alphabet().words),
         text_(text),
         size_(text.Size()),
         registers_(registers),
@@ -139,11 +141,13 @@ class Search {
   std::int32_t NextFirst(std::int32_t from, std::int32_t to) {
     if (!plan_.hasFirst) return std::min(from, to);
     if (plan_.atWordStart)
-      return InChunks(from, to, [&](auto a, auto b) { return text_.FindWordStart(plan_.first, a, b); });
+      return InChunks(from, to,
+                      [&](auto a, auto b) { return text_.FindWordStart(words_, plan_.first, a, b); });
     return InChunks(from, to, [&](auto a, auto b) { return text_.FindFirst(plan_.first, a, b); });
   }
 
   std::int32_t NextLine(std::int32_t from, std::int32_t to) {
+    ticker_.Tick();
     std::int32_t feed = InChunks(from, to, [&](auto a, auto b) { return text_.FindByte('\n', a, b); });
     return feed < to ? feed + 1 : to;
   }
@@ -152,6 +156,7 @@ class Search {
   std::int32_t NextLiteral(std::int32_t from, std::int32_t to) {
     auto overlap = static_cast<std::int32_t>(plan_.literal.Length()) - 1;
     if (to - overlap <= from) return to;
+    ticker_.Tick();
     std::int32_t at = InChunks(from, to - overlap, [&](auto a, auto b) {
       std::int32_t found = text_.FindLiteral(plan_.literal, a, b + overlap);
       return found < b ? found : b;
@@ -168,8 +173,9 @@ class Search {
   }
 
   std::int32_t Try(std::int32_t place) {
-    ticker_.Tick();
-    if (plan_.atWordStart && place > 0 && IsWordChar(text_[place - 1])) return kNoMatch;
+    if (plan_.atWordStart && place > 0 && words_.Has(text_[place - 1])) return kNoMatch;
+    // No match begins within a character.
+    if (pattern_.isForUtf8 && Utf8Start(text_, place) != place) return kNoMatch;
     std::int32_t length = matcher_.Run(place);
     if (length < 0) return length;
     if (registers_) matcher_.Report(place, *registers_);
@@ -178,6 +184,7 @@ class Search {
 
   CompiledPattern& pattern_;
   const SearchPlan& plan_;
+  const ByteClass& words_;
   Text text_;
   std::int32_t size_;
   MatchRegisters* registers_;

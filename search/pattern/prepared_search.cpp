@@ -17,7 +17,7 @@ MatchProgram& ProgramOf(CompiledPattern& pattern) {
   std::unique_ptr<PreparedSearch>& search = pattern.prepared.search;
   if (!search) {
     auto made = std::make_unique<PreparedSearch>();
-    made->program = DecodeProgram(pattern.code, pattern.foldCase);
+    made->program = DecodeProgram(pattern);
     search = std::move(made);
   }
   return search->program;

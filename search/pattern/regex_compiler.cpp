@@ -1,7 +1,9 @@
 #include "search/pattern/regex_compiler.h"
 
 #include "search/pattern/byte_code.h"
+#include "search/pattern/character_set_code.h"
 #include "search/pattern/prepared_search.h"
+#include "search/pattern/utf8_text.h"
 
 #include <cstddef>
 #include <new>
@@ -25,7 +27,7 @@ bool IsClosure(int c) {
 class Compiler {
  public:
   Compiler(std::string_view pattern, const FoldTable& fold, CompiledPattern& out)
-      : pattern_(pattern), fold_(fold), out_(out), code_(out.code) {}
+      : pattern_(pattern), fold_(fold), isUtf8_(out.isForUtf8), out_(out), code_(out.code) {}
 
   PatternError Run() {
     while (next_ < pattern_.size()) {
@@ -70,7 +72,7 @@ class Compiler {
     std::uint8_t c = Read();
     switch (c) {
       case '.':
-        return Item(Opcode::kAnyChar);
+        return Item(isUtf8_ ? Opcode::kUtf8AnyChar : Opcode::kAnyChar);
       case '*':
       case '+':
       case '?':
@@ -94,19 +96,51 @@ class Compiler {
     return PatternError::kNone;
   }
 
+  PatternError Literal(std::uint8_t c) {
+    if (isUtf8_ && c >= 0x80) return BeyondAscii();
+    char byte = static_cast<char>(c);
+    return Exact({&byte, 1});
+  }
+
   // Literals gather into one Exact. One that a '*' follows stays apart, so that the star repeats it alone;
   // one before '^' stays apart too, though the '^' may then join it.
-  PatternError Literal(std::uint8_t c) {
+  PatternError Exact(std::string_view bytes) {
+    auto size = static_cast<int>(bytes.size());
     bool isGathering = pendingExact_ != kNowhere && pendingExact_ + 2 + code_[pendingExact_ + 1] == End() &&
-                       code_[pendingExact_ + 1] < kMaxExact && Peek() != '*' && Peek() != '^';
+                       code_[pendingExact_ + 1] + size <= kMaxExact && Peek() != '*' && Peek() != '^';
     if (isGathering) {
-      ++code_[pendingExact_ + 1];
+      code_[pendingExact_ + 1] = static_cast<std::uint8_t>(code_[pendingExact_ + 1] + size);
     } else {
       pendingExact_ = lastItem_ = End();
-      Emit(Opcode::kExact, 1);
+      Emit(Opcode::kExact, size);
     }
-    code_.push_back(c);
+    code_.insert(code_.end(), bytes.begin(), bytes.end());
     return PatternError::kNone;
+  }
+
+  // The character beyond ASCII whose first byte has just been read. A byte that is no character is a set of
+  // itself: as part of an Exact it could match within a character.
+  PatternError BeyondAscii() {
+    --next_;
+    char32_t c = ReadCharacter();
+    if (c >= kStrayByte) {
+      lastItem_ = End();
+      CharacterSetCode set(fold_);
+      set.Add(c, c);
+      set.Write(false, code_);
+      return PatternError::kNone;
+    }
+    std::string bytes;
+    AppendUtf8Char(bytes, out_.foldCase ? FoldBeyondAscii(c) : c);
+    PatternError error = Exact(bytes);
+    if (out_.foldCase) code_[pendingExact_] = static_cast<std::uint8_t>(Opcode::kUtf8FoldedExact);
+    return error;
+  }
+
+  char32_t ReadCharacter() {
+    Utf8Char c = Utf8In(pattern_, next_);
+    next_ += static_cast<std::size_t>(c.length);
+    return c.code;
   }
 
   // A whole run of closure characters acts as one: "+?" is "*".
@@ -152,10 +186,10 @@ class Compiler {
       case ')':
         return CloseGroup();
       case '<':
-        Emit(Opcode::kWordStart);
+        Emit(isUtf8_ ? Opcode::kUtf8WordStart : Opcode::kWordStart);
         return PatternError::kNone;
       case '>':
-        Emit(Opcode::kWordEnd);
+        Emit(isUtf8_ ? Opcode::kUtf8WordEnd : Opcode::kWordEnd);
         return PatternError::kNone;
       case 't':
         return Literal('\t');
@@ -190,21 +224,23 @@ class Compiler {
     for (const OpenGroup& group : groups_) isOpen |= group.reg == reg;
     if (reg >= nextRegister_ || isOpen) return Literal(c);
     lastItem_ = End();
-    Emit(Opcode::kBackRef, reg);
+    Emit(isUtf8_ && out_.foldCase ? Opcode::kUtf8FoldedBackRef : Opcode::kBackRef, reg);
     return PatternError::kNone;
   }
 
   PatternError Set() {
     if (!HasRoom(kSetRoom)) return PatternError::kTooComplex;
     lastItem_ = End();
-    if (Peek() == '^') {
-      ++next_;
-      Emit(Opcode::kCharSetNot);
-    } else {
-      Emit(Opcode::kCharSet);
-    }
+    bool isNegated = Peek() == '^';
+    if (isNegated) ++next_;
+    if (isUtf8_) return SetOfCharacters(isNegated);
+    Emit(isNegated ? Opcode::kCharSetNot : Opcode::kCharSet);
     std::array<std::uint8_t, 32> bitmap{};
-    if (!ReadMembers(bitmap)) return PatternError::kInvalid;
+    auto add = [&](int low, int high) {
+      for (int c = fold_[low]; c <= fold_[high]; ++c)
+        bitmap[c / 8] |= static_cast<std::uint8_t>(1 << (c % 8));
+    };
+    if (!ReadMembers([&] { return ReadUnfolded(); }, add)) return PatternError::kInvalid;
     std::size_t length = bitmap.size();
     while (length > 0 && bitmap[length - 1] == 0) --length;
     code_.push_back(static_cast<std::uint8_t>(length));
@@ -212,29 +248,40 @@ class Compiler {
     return PatternError::kNone;
   }
 
-  // Reads up to the closing bracket; false when the pattern ends before it. Both ends of a range are folded,
-  // and one whose end lies below its start adds nothing.
-  bool ReadMembers(std::array<std::uint8_t, 32>& bitmap) {
+  PatternError SetOfCharacters(bool isNegated) {
+    CharacterSetCode set(fold_);
+    auto add = [&](char32_t low, char32_t high) { set.Add(low, high); };
+    if (!ReadMembers([&] { return ReadCharacter(); }, add)) return PatternError::kInvalid;
+    if (!HasRoom(set.MostRoom())) return PatternError::kTooComplex;
+    set.Write(isNegated, code_);
+    return PatternError::kNone;
+  }
+
+  // Reads up to the closing bracket, each member by `read`, and calls `add` with the ends of each range, a
+  // single member being both; false when the pattern ends before that.
+  template <typename Read, typename Add>
+  bool ReadMembers(Read read, Add add) {
     for (bool isFirst = true;; isFirst = false) {
       if (Peek() == kNowhere) return false;
-      int low = Read();
+      auto low = read();
       if (low == ']' && !isFirst) return true;
       if (low == '\\' && Peek() == 't') {
         ++next_;
         low = '\t';
       }
-      int high = low;
+      auto high = low;
       if (Peek() == '-' && Peek(1) != ']') {
         ++next_;
         if (Peek() == kNowhere) return false;
-        high = Read();
+        high = read();
       }
-      for (int c = low; c <= high; ++c) bitmap[c / 8] |= static_cast<std::uint8_t>(1 << (c % 8));
+      add(low, high);
     }
   }
 
   std::string_view pattern_;
   const FoldTable& fold_;
+  bool isUtf8_;
   CompiledPattern& out_;
   std::vector<std::uint8_t>& code_;
   std::size_t next_ = 0;

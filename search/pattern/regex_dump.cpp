@@ -28,6 +28,13 @@ constexpr OperationName kNames[] = {
     {Opcode::kBackRef, "BackRef"},
     {Opcode::kWordStart, "WordStart"},
     {Opcode::kWordEnd, "WordEnd"},
+    {Opcode::kUtf8AnyChar, "Utf8AnyChar"},
+    {Opcode::kUtf8CharSet, "Utf8CharSet"},
+    {Opcode::kUtf8CharSetNot, "Utf8CharSetNot"},
+    {Opcode::kUtf8FoldedExact, "Utf8FoldedExact"},
+    {Opcode::kUtf8FoldedBackRef, "Utf8FoldedBackRef"},
+    {Opcode::kUtf8WordStart, "Utf8WordStart"},
+    {Opcode::kUtf8WordEnd, "Utf8WordEnd"},
 };
 
 std::string NameOf(Opcode op) {
@@ -48,6 +55,20 @@ std::string Literal(ByteCode code, int at) {
   return out;
 }
 
+// The characters beyond ASCII of a set: " U+00E0-U+00FF".
+std::string Ranges(ByteCode code, int at) {
+  std::string out;
+  int first = at + 4 + CodeByte(code, at + 1), end = at + OperationSize(code, at);
+  auto number = [&](int place) {
+    return CodeByte(code, place) | CodeByte(code, place + 1) << 8 | CodeByte(code, place + 2) << 16;
+  };
+  for (int place = first; place < end; place += kCodeRangeSize) {
+    int low = number(place), high = number(place + kCodeRangeSize / 2);
+    out += FormatText(low == high ? " U+%04X" : " U+%04X-U+%04X", {low, high});
+  }
+  return out;
+}
+
 std::string Members(ByteCode code, int at) {
   std::string out = " [";
   for (int c = 0; c < 256; ++c) {
@@ -59,15 +80,18 @@ std::string Members(ByteCode code, int at) {
     if (last > c) out += Printable(last);
     c = last;
   }
-  return out + "]";
+  return out + "]" + Ranges(code, at);
 }
 
 std::string Operand(ByteCode code, int at) {
   switch (OpcodeAt(code, at)) {
     case Opcode::kExact:
+    case Opcode::kUtf8FoldedExact:
       return Literal(code, at);
     case Opcode::kCharSet:
     case Opcode::kCharSetNot:
+    case Opcode::kUtf8CharSet:
+    case Opcode::kUtf8CharSetNot:
       return Members(code, at);
     case Opcode::kJump:
     case Opcode::kOnFailureJump:
@@ -78,6 +102,7 @@ std::string Operand(ByteCode code, int at) {
     case Opcode::kGroupStart:
     case Opcode::kGroupEnd:
     case Opcode::kBackRef:
+    case Opcode::kUtf8FoldedBackRef:
       return FormatText(" %d", {CodeByte(code, at + 1)});
     default:
       return {};

@@ -1,5 +1,8 @@
 #include "search/pattern/search_plan.h"
 
+#include "base/byte_scan.h"
+#include "search/pattern/utf8_text.h"
+
 #include <algorithm>
 #include <optional>
 
@@ -14,6 +17,12 @@ ByteClass AllBytes() {
   return ByteClass(members);
 }
 
+ByteClass BeyondAscii() {
+  std::array<bool, 256> members{};
+  std::fill(members.begin() + 0x80, members.end(), true);
+  return ByteClass(members);
+}
+
 ByteClass OneByte(char c, const FoldTable& fold) {
   std::array<bool, 256> members{};
   for (std::size_t b = 0; b < 256; ++b) members[b] = fold[b] == fold[static_cast<std::uint8_t>(c)];
@@ -24,11 +33,12 @@ ByteClass OneByte(char c, const FoldTable& fold) {
 class Planner {
  public:
   Planner(const MatchProgram& program, const CompiledPattern& pattern)
-      : program_(program), pattern_(pattern), fold_(pattern.Fold()) {
+      : program_(program), pattern_(pattern), fold_(pattern.Fold()), words_(pattern.Alphabet().words) {
     for (const Instruction& step : program.steps) {
-      hasBackRef_ |= step.step == Step::kBackRef;
-      looksBehind_ |=
-          step.step == Step::kLineStart || step.step == Step::kWordStart || step.step == Step::kWordEnd;
+      hasBackRef_ |= step.step == Step::kBackRef || step.step == Step::kUtf8FoldedBackRef;
+      looksBehind_ |= step.step == Step::kLineStart || step.step == Step::kWordStart ||
+                      step.step == Step::kWordEnd || step.step == Step::kUtf8WordStart ||
+                      step.step == Step::kUtf8WordEnd;
     }
   }
 
@@ -105,7 +115,11 @@ class Planner {
       case Step::kWordStart:
         TakeWordStart();
         return TakeAnchor();
+      case Step::kUtf8WordStart:
+        TakeUtf8WordStart();
+        return TakeAnchor();
       case Step::kWordEnd:
+      case Step::kUtf8WordEnd:
         return TakeAnchor();
       case Step::kLineEnd:
         TakeLineEnd();
@@ -117,6 +131,14 @@ class Planner {
       case Step::kLiteral:
       case Step::kFoldedLiteral:
         TakeLiteral(step);
+        return true;
+      case Step::kUtf8FoldedLiteral:
+        TakeUtf8Literal(step);
+        return true;
+      case Step::kCharacter:
+      case Step::kCharacterStar:
+      case Step::kCharacterPlus:
+        TakeCharacters(step);
         return true;
       case Step::kStar:
         TakeLoop(step, false);
@@ -141,7 +163,10 @@ class Planner {
   void TakeWordStart() {
     if (hasPassed_) return;
     isAtWordStart_ = true;
-    if (!firstIsKnown_) mustBe_ = WordClass();
+    if (!firstIsKnown_) mustBe_ = words_;
+  }
+  void TakeUtf8WordStart() {
+    if (!hasPassed_ && !firstIsKnown_) mustBe_ = words_ | BeyondAscii();
   }
 
   // Consumes nothing, but there is a CR, or nothing more.
@@ -169,9 +194,46 @@ class Planner {
   void TakeLiteral(const Instruction& step) {
     std::string bytes = BytesOf(step);
     AddFirst(OneByte(bytes[0], fold_), true);
-    Consider(bytes);
+    ConsiderPlain(bytes);
     for (char c : bytes) Pass(OneByte(c, fold_));
     offset_ += static_cast<std::int32_t>(bytes.size());
+    ++at_;
+  }
+
+  // The finder of literals knows the two cases of ASCII only. In the texts of a code page what stands before
+  // the first byte beyond it will do.
+  void ConsiderPlain(const std::string& bytes) {
+    std::size_t plain = bytes.size();
+    if (pattern_.foldCase && pattern_.alphabet) plain = FindHighByte(bytes);
+    if (plain > 0) Consider(bytes.substr(0, plain));
+  }
+
+  // What is ASCII in a folded literal is a literal for the search. A character beyond ASCII may have more
+  // bytes in its other case.
+  void TakeUtf8Literal(const Instruction& step) {
+    std::string bytes = BytesOf(step);
+    bool isAscii = static_cast<std::uint8_t>(bytes[0]) < 0x80;
+    AddFirst(isAscii ? OneByte(bytes[0], fold_) : BeyondAscii(), true);
+    for (std::string_view rest = bytes; !rest.empty();) {
+      std::size_t plain = FindHighByte(rest);
+      if (plain > 0) Consider(std::string(rest.substr(0, plain)));
+      for (char c : rest.substr(0, plain)) Pass(OneByte(c, fold_));
+      offset_ += static_cast<std::int32_t>(plain);
+      rest.remove_prefix(plain);
+      if (rest.empty()) break;
+      Pass(BeyondAscii());
+      isFixed_ = false;
+      rest.remove_prefix(static_cast<std::size_t>(Utf8In(rest, 0).length));
+    }
+    ++at_;
+  }
+
+  void TakeCharacters(const Instruction& step) {
+    const CharacterSet& set = program_.sets[static_cast<std::size_t>(step.index)];
+    AddFirst(ByteClass(set.FirstBytes()), step.step != Step::kCharacterStar);
+    isFixed_ = false;
+    if (step.step != Step::kCharacter) mayOverflow_ |= !IsCertainlyPossessive(step);
+    Pass(ByteClass(set.AllBytes()));
     ++at_;
   }
 
@@ -179,7 +241,7 @@ class Planner {
     const ByteClass& bytes = ClassAt(step);
     AddFirst(bytes, isRequired);
     bool isLead = !hasPassed_ && (!hasAnchor_ || isAtWordStart_) && !isAtLineStart_;
-    bool isInWord = (bytes & WordClass()).Members() == bytes.Members();
+    bool isInWord = (bytes & words_).Members() == bytes.Members();
     if (isLead && (isAtWordStart_ ? isInWord : !hasBackRef_)) {
       plan_.skipsLeadRun = true;
       plan_.leadRun = bytes;
@@ -199,6 +261,12 @@ class Planner {
         AddFirst(ClassAt(item), false);
         Pass(ClassAt(item));
         break;
+      case Step::kCharacter: {
+        const CharacterSet& set = program_.sets[static_cast<std::size_t>(item.index)];
+        AddFirst(ByteClass(set.FirstBytes()), false);
+        Pass(ByteClass(set.AllBytes()));
+        break;
+      }
       case Step::kByte:
       case Step::kLiteral:
       case Step::kFoldedLiteral: {
@@ -224,7 +292,7 @@ class Planner {
   bool IsCertainlyPossessive(const Instruction& step) const {
     Opcode next = OpcodeAt(pattern_.code, step.code + kJumpSize);
     if (next == Opcode::kGroupStart || next == Opcode::kGroupEnd) return step.mode == LoopMode::kPossessive;
-    return MayFinalizeLoop(pattern_.code, step.code);
+    return MayFinalizeLoop(pattern_.code, step.code, pattern_.foldCase);
   }
 
   // Keeps the literal if it is rarer than those before it. One at a fixed distance is worth more.
@@ -268,6 +336,7 @@ class Planner {
   const MatchProgram& program_;
   const CompiledPattern& pattern_;
   const FoldTable& fold_;
+  const ByteClass& words_;
   SearchPlan plan_;
   Candidate best_;
   std::int32_t at_ = 0;

@@ -35,13 +35,14 @@ class FlatText {
   std::int32_t FindFirstNot(const ByteClass& unwanted, std::int32_t from, std::int32_t to) const {
     return from + static_cast<std::int32_t>(unwanted.FindFirstNot(Piece(from, to)));
   }
-  // The first place in [from, to) where a word starts, with a byte of `wanted`, all of which are word
-  // characters; `to` without any.
-  std::int32_t FindWordStart(const ByteClass& wanted, std::int32_t from, std::int32_t to) const {
+  // The first place in [from, to) where a word made of `words` starts, with a byte of `wanted`, all of which
+  // are word characters; `to` without any.
+  std::int32_t FindWordStart(const ByteClass& words, const ByteClass& wanted, std::int32_t from,
+                             std::int32_t to) const {
     if (from >= to) return to;
-    bool isStart = wanted.Has(data_[from]) && (from == 0 || !IsWordChar(data_[from - 1]));
+    bool isStart = wanted.Has(data_[from]) && (from == 0 || !words.Has(data_[from - 1]));
     return isStart ? from
-                   : from + static_cast<std::int32_t>(wanted.FindFirstAfterNot(WordClass(), Piece(from, to)));
+                   : from + static_cast<std::int32_t>(wanted.FindFirstAfterNot(words, Piece(from, to)));
   }
   std::int32_t FindByte(char wanted, std::int32_t from, std::int32_t to) const {
     return from + static_cast<std::int32_t>(tarrow::FindByte(Piece(from, to), wanted));
@@ -98,8 +99,9 @@ class SplitText {
     return InPieces(from, to,
                     [&](auto& piece, auto a, auto b) { return piece.FindFirstNot(unwanted, a, b); });
   }
-  std::int32_t FindWordStart(const ByteClass& wanted, std::int32_t from, std::int32_t to) const {
-    while ((from = FindFirst(wanted, from, to)) < to && from > 0 && IsWordChar((*this)[from - 1])) ++from;
+  std::int32_t FindWordStart(const ByteClass& words, const ByteClass& wanted, std::int32_t from,
+                             std::int32_t to) const {
+    while ((from = FindFirst(wanted, from, to)) < to && from > 0 && words.Has((*this)[from - 1])) ++from;
     return from;
   }
   std::int32_t FindByte(char wanted, std::int32_t from, std::int32_t to) const {

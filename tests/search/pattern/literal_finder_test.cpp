@@ -57,7 +57,8 @@ TEST(TextAccess, ScansTwoPiecesAsOne) {
       for (std::int32_t to = from; to <= flat.Size(); ++to) {
         ASSERT_EQ(split.FindFirst(letters, from, to), flat.FindFirst(letters, from, to));
         ASSERT_EQ(split.FindFirstNot(letters, from, to), flat.FindFirstNot(letters, from, to));
-        ASSERT_EQ(split.FindWordStart(letters, from, to), flat.FindWordStart(letters, from, to));
+        ASSERT_EQ(split.FindWordStart(WordClass(), letters, from, to),
+                  flat.FindWordStart(WordClass(), letters, from, to));
         ASSERT_EQ(split.FindByte('b', from, to), flat.FindByte('b', from, to));
         ASSERT_EQ(split.FindLast('b', from, to), flat.FindLast('b', from, to));
         ASSERT_EQ(split.RunStart(letters, from, to), flat.RunStart(letters, from, to));

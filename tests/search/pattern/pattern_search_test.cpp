@@ -124,5 +124,62 @@ TEST(PatternSearch, CanBeInterruptedWhateverThePattern) {
   }
 }
 
+// Counts the polls and stops the search after a second.
+class PollCounter final : public Progress {
+ public:
+  void Poll() override {
+    ++count_;
+    if (Elapsed() > std::chrono::seconds(1)) throw CYieldException();
+  }
+  std::chrono::steady_clock::duration Elapsed() const { return std::chrono::steady_clock::now() - began_; }
+  bool IsOften() const { return count_ >= Elapsed() / std::chrono::milliseconds(100); }
+
+ private:
+  std::chrono::steady_clock::time_point began_ = std::chrono::steady_clock::now();
+  int count_ = 0;
+};
+
+// What makes each of them slow is something else: long comparisons, many literals or lines that lead nowhere,
+// much code without a loop. Any of them went without a poll for seconds.
+TEST(PatternSearch, PollsWhereverTheTimeGoes) {
+  std::string letters(16'000'000, 'x'), lines(16'000'000, '\n'), manyDots(16000, '.');
+  std::string half(5'000'000, 'x'), twice = half + "b" + half + half, manyWays;
+  for (int i = 0; i < 20; ++i) manyWays += ".?";
+  struct {
+    std::string pattern;
+    const std::string& text;
+  } const kRows[] = {
+      {"\\(x*\\)b" + manyWays + "\\1y", twice},
+      {manyDots + "y", letters},
+      {"[0-9]x", letters},
+      {"[0-9]+x", letters},
+      {"^[a-c]", lines},
+  };
+  for (auto& row : kRows) {
+    CompiledPattern compiled;
+    ASSERT_EQ(CompilePattern(row.pattern, compiled), PatternError::kNone);
+    PollCounter progress;
+    try {
+      EXPECT_LT(SearchPattern(compiled, TextView(row.text), BytePos(0), 16'000'000, nullptr, &progress), 0);
+    } catch (const CYieldException&) {
+    }
+    EXPECT_TRUE(progress.IsOften()) << row.pattern.substr(0, 20);
+  }
+}
+
+// A text of many lines, or of many matches, is searched with many short searches; they poll like a long one.
+TEST(PatternSearch, ManyShortSearchesPollLikeALongOne) {
+  CompiledPattern compiled;
+  ASSERT_EQ(CompilePattern("\\(x*\\)*y", compiled), PatternError::kNone);
+  std::string line(200, 'x');
+  Impatient progress;
+  auto searchForLong = [&] {
+    for (auto began = std::chrono::steady_clock::now();
+         std::chrono::steady_clock::now() - began < std::chrono::seconds(2);)
+      EXPECT_LT(SearchPattern(compiled, TextView(line), BytePos(0), 200, nullptr, &progress), 0);
+  };
+  EXPECT_THROW(searchForLong(), CYieldException);
+}
+
 }  // namespace
 }  // namespace tarrow
