@@ -73,6 +73,34 @@ BOOL WINAPI Ignore(DWORD) {
   for (;;) Sleep(INFINITE);
 }
 
+bool HasText(const char* path, const char* text) {
+  char buffer[4096];
+  DWORD count = 0;
+  HANDLE file = CreateFileA(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                            nullptr, OPEN_EXISTING, 0, nullptr);
+  ReadFile(file, buffer, sizeof buffer, &count, nullptr);
+  CloseHandle(file);
+  return std::string(buffer, count).find(text) != std::string::npos;
+}
+
+// Runs the command line behind "--", and presses Ctrl+C in the console as soon as the file `output` tells
+// that something waits there. Ends with the exit code of what it has run.
+int Interrupt(const char* output) {
+  SetConsoleCtrlHandler(Ignore, TRUE);
+  std::string line = std::strstr(GetCommandLineA(), " -- ") + 4;
+  STARTUPINFOA startup{};
+  startup.cb = sizeof startup;
+  PROCESS_INFORMATION process{};
+  if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup, &process))
+    return 9;
+  while (!HasText(output, "waiting ") && WaitForSingleObject(process.hProcess, 10) == WAIT_TIMEOUT) continue;
+  if (!GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0)) return 10;
+  DWORD code = 0;
+  WaitForSingleObject(process.hProcess, INFINITE);
+  GetExitCodeProcess(process.hProcess, &code);
+  return static_cast<int>(code);
+}
+
 }  // namespace
 
 int main(int count, char** arguments) {
@@ -89,5 +117,6 @@ int main(int count, char** arguments) {
     Start("wait");
     WaitForever(true);
   }
+  if (verb == "interrupt") return Interrupt(argument);
   return 100;
 }

@@ -1,8 +1,7 @@
 #include "wrapper_run.h"
 
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
+#include <utility>
 
 namespace tarrow {
 namespace {
@@ -40,7 +39,7 @@ void WriteAll(const std::wstring& path, const std::string& bytes) {
   CloseHandle(file);
 }
 
-HANDLE Create(std::wstring line, HANDLE input, HANDLE output, DWORD flags, DWORD& id) {
+HANDLE Create(std::wstring line, HANDLE input, HANDLE output, DWORD flags) {
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;
   startup.dwFlags = STARTF_USESTDHANDLES;
@@ -50,7 +49,6 @@ HANDLE Create(std::wstring line, HANDLE input, HANDLE output, DWORD flags, DWORD
   PROCESS_INFORMATION process{};
   CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, flags, nullptr, nullptr, &startup, &process);
   CloseHandle(process.hThread);
-  id = process.dwProcessId;
   return process.hProcess;
 }
 
@@ -63,14 +61,26 @@ WrapperRun::~WrapperRun() {
   for (const std::wstring& path : {output_, console_, input_}) DeleteFileW(path.c_str());
 }
 
-void WrapperRun::Start(const std::wstring& command) {
+std::wstring WrapperRun::Line(const std::wstring& command) const {
+  return L"\"" PROJEXEC_PROGRAM L"\" \"" + output_ + L"\" " + command;
+}
+
+void WrapperRun::StartLine(const std::wstring& line, DWORD flags) {
   if (process_) CloseHandle(process_);
   WriteAll(input_, input);
   HANDLE in = Open(input_, false), out = Open(console_, true);
-  std::wstring line = L"\"" PROJEXEC_PROGRAM L"\" \"" + output_ + L"\" " + command;
-  process_ = Create(line, in, out, flags, id_);
+  process_ = Create(line, in, out, flags);
   CloseHandle(in);
   CloseHandle(out);
+}
+
+void WrapperRun::Start(const std::wstring& command) {
+  StartLine(Line(command), 0);
+}
+
+void WrapperRun::StartAndInterrupt(const std::wstring& command) {
+  std::wstring helper = L"\"" CHILD_PROGRAM L"\" interrupt ";
+  StartLine(helper + L"\"" + output_ + L"\" -- " + Line(command), CREATE_NEW_CONSOLE);
 }
 
 DWORD WrapperRun::Wait() {
@@ -101,8 +111,7 @@ double TimeRedirected(std::wstring line, const std::wstring& output) {
   QueryPerformanceFrequency(&frequency);
   QueryPerformanceCounter(&before);
   HANDLE out = Open(output, true);
-  DWORD id = 0;
-  HANDLE process = Create(std::move(line), GetStdHandle(STD_INPUT_HANDLE), out, 0, id);
+  HANDLE process = Create(std::move(line), GetStdHandle(STD_INPUT_HANDLE), out, 0);
   WaitForSingleObject(process, INFINITE);
   QueryPerformanceCounter(&after);
   CloseHandle(process);

@@ -16,14 +16,15 @@ class WrapperRun {
   WrapperRun& operator=(const WrapperRun&) = delete;
 
   std::string input;  // what the command can read
-  DWORD flags = 0;    // for CreateProcess
 
   const std::wstring& OutputPath() const { return output_; }
 
   // Starts the wrapper for `command`.
   void Start(const std::wstring& command);
-  DWORD ProcessId() const { return id_; }
   HANDLE Process() const { return process_; }
+
+  // Starts it in a console of its own, in which Ctrl+C is pressed once the command says "waiting".
+  void StartAndInterrupt(const std::wstring& command);
 
   // Waits for the wrapper's end, half a minute at most, and returns its exit code.
   DWORD Wait();
@@ -41,8 +42,10 @@ class WrapperRun {
   DWORD WaitForNumber(const std::string& text) const;
 
  private:
+  void StartLine(const std::wstring& line, DWORD flags);
+  std::wstring Line(const std::wstring& command) const;
+
   HANDLE process_ = nullptr;
-  DWORD id_ = 0;
   std::wstring output_, console_, input_;
 };
 
