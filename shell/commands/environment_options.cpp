@@ -1,6 +1,6 @@
 #include "shell/commands/environment_options.h"
 
-#include "project/options.h"
+#include "project/options/options.h"
 
 namespace tarrow {
 

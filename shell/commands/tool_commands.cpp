@@ -1,6 +1,6 @@
 #include "shell/commands/tool_commands.h"
 
-#include "project/run_dialog.h"
+#include "project/commands/run_dialog.h"
 #include "shell/commands/tool_dialogs.h"
 #include "shell/state/settings.h"
 #include "ui/commands/commands.h"

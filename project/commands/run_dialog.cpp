@@ -1,4 +1,4 @@
-#include "project/run_dialog.h"
+#include "project/commands/run_dialog.h"
 
 #include "edit/documents/file_dialogs.h"
 #include "framework/directories.h"

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "framework/dialog.h"
-#include "project/run_request.h"
+#include "project/commands/run_request.h"
 #include "ui/program/messages.h"
 
 namespace tarrow {

@@ -1,4 +1,4 @@
-#include "project/options.h"
+#include "project/options/options.h"
 
 #include "ui/program/string_table.h"
 

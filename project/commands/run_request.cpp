@@ -1,4 +1,4 @@
-#include "project/run_request.h"
+#include "project/commands/run_request.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "project/options.h"
+#include "project/options/options.h"
 
 #include <gtest/gtest.h>
 
