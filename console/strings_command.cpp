@@ -4,7 +4,7 @@
 #include "search/pattern/anchored_scan.h"
 #include "search/pattern/first_char_map.h"
 #include "search/pattern/regex_compiler.h"
-#include "tools/extract_strings.h"
+#include "tools/extraction/extract_strings.h"
 #include "ui/program/string_table.h"
 
 namespace tarrow {

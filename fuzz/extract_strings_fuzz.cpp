@@ -1,6 +1,6 @@
 // A pattern, its end marked by a 0xFF, and bytes: what is extracted stands in the file where it is said to,
 // in order, and the fast scan finds what trying every place finds.
-#include "tools/extract_strings.h"
+#include "tools/extraction/extract_strings.h"
 
 #include "base/exceptions.h"
 #include "search/pattern/anchored_scan.h"

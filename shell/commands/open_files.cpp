@@ -7,7 +7,7 @@
 #include "framework/file.h"
 #include "framework/file_system.h"
 #include "framework/unicode.h"
-#include "tools/file_dir.h"
+#include "tools/file_lists/file_dir.h"
 #include "ui/commands/commands.h"
 #include "ui/program/string_ids.h"
 

@@ -1,9 +1,9 @@
 // Writes the blocks of a comparison: a header naming the lines of both files, the old lines, the new ones.
 #pragma once
 
-#include "tools/compare_files.h"
-#include "tools/pending_lines.h"
-#include "tools/text_batch.h"
+#include "base/text_batch.h"
+#include "tools/comparison/compare_files.h"
+#include "tools/comparison/pending_lines.h"
 
 namespace tarrow {
 

@@ -1,4 +1,4 @@
-#include "tools/difference_writer.h"
+#include "tools/comparison/difference_writer.h"
 
 namespace tarrow {
 

@@ -1,4 +1,4 @@
-#include "tools/pending_lines.h"
+#include "tools/comparison/pending_lines.h"
 
 #include <algorithm>
 #include <bit>

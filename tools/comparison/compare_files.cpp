@@ -1,7 +1,7 @@
-#include "tools/compare_files.h"
+#include "tools/comparison/compare_files.h"
 
-#include "tools/difference_writer.h"
-#include "tools/pending_lines.h"
+#include "tools/comparison/difference_writer.h"
+#include "tools/comparison/pending_lines.h"
 
 #include <algorithm>
 

@@ -9,7 +9,7 @@
 // agree, lines come and go without ever being hashed. Line numbers begin at 1.
 #pragma once
 
-#include "tools/line_window.h"
+#include "tools/comparison/line_window.h"
 
 #include <array>
 #include <cstdint>

@@ -7,7 +7,7 @@
 #include "base/byte_source.h"
 #include "base/progress.h"
 #include "base/text_sink.h"
-#include "tools/line_window.h"
+#include "tools/comparison/line_window.h"
 
 #include <cstdint>
 #include <string_view>

@@ -1,6 +1,6 @@
-#include "tools/extract_strings.h"
+#include "tools/extraction/extract_strings.h"
 
-#include "tools/text_batch.h"
+#include "base/text_batch.h"
 
 #include <algorithm>
 #include <charconv>

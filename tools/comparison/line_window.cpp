@@ -1,4 +1,4 @@
-#include "tools/line_window.h"
+#include "tools/comparison/line_window.h"
 
 #include "base/byte_scan.h"
 

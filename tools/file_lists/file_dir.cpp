@@ -1,4 +1,4 @@
-#include "tools/file_dir.h"
+#include "tools/file_lists/file_dir.h"
 
 #include "base/exceptions.h"
 #include "base/path_text.h"

@@ -1,4 +1,4 @@
-#include "tools/extract_strings.h"
+#include "tools/extraction/extract_strings.h"
 
 #include "base/exceptions.h"
 #include "search/pattern/regex_compiler.h"

@@ -1,4 +1,4 @@
-#include "tools/compare_files.h"
+#include "tools/comparison/compare_files.h"
 
 #include "base/exceptions.h"
 #include "naive_comparison.h"
