@@ -18,6 +18,15 @@ std::uint64_t TimeOf(const FILETIME& time) {
   return static_cast<std::uint64_t>(time.dwHighDateTime) << 32 | time.dwLowDateTime;
 }
 
+std::uint64_t SizeOf(DWORD high, DWORD low) {
+  return static_cast<std::uint64_t>(high) << 32 | low;
+}
+
+DirectoryEntry EntryOf(const WIN32_FIND_DATAW& data) {
+  return {ToUtf8(data.cFileName), data.dwFileAttributes, SizeOf(data.nFileSizeHigh, data.nFileSizeLow),
+          TimeOf(data.ftLastWriteTime)};
+}
+
 // The full form of `wide`, or an empty string when there is none, it is too long, or it is a device.
 std::wstring WideFullPath(const std::wstring& wide) {
   wchar_t full[kMaxPath];
@@ -64,7 +73,7 @@ std::optional<FileStatus> GetFileStatus(std::string_view path) {
     status.created = TimeOf(data.ftCreationTime);
     status.modified = TimeOf(data.ftLastWriteTime);
     status.accessed = TimeOf(data.ftLastAccessTime);
-    status.size = static_cast<std::uint64_t>(data.nFileSizeHigh) << 32 | data.nFileSizeLow;
+    status.size = SizeOf(data.nFileSizeHigh, data.nFileSizeLow);
     status.attributes = data.dwFileAttributes;
   } else if (IsBareDrive(path)) {
     status.attributes = kAttributeDirectory;  // a drive without a medium is a directory all the same
@@ -111,7 +120,7 @@ std::vector<DirectoryEntry> FindFiles(std::string_view pattern) {
   HANDLE handle = wide.empty() ? INVALID_HANDLE_VALUE : FindFirstFileW(wide.c_str(), &data);
   if (handle == INVALID_HANDLE_VALUE) return entries;
   FindHandle find(handle);
-  do entries.push_back({ToUtf8(data.cFileName), data.dwFileAttributes});
+  do entries.push_back(EntryOf(data));
   while (FindNextFileW(handle, &data));
   return entries;
 }

@@ -6,11 +6,12 @@
 
 #include <algorithm>
 #include <new>
+#include <utility>
 
 namespace tarrow {
 
 std::size_t CFileDir::Build(std::initializer_list<std::string_view> strings) {
-  paths_.clear();
+  files_.clear();
   next_ = 0;
   try {
     std::vector<std::string> words;
@@ -23,7 +24,7 @@ std::size_t CFileDir::Build(std::initializer_list<std::string_view> strings) {
 }
 
 std::size_t CFileDir::BuildFromNames(const std::vector<std::string>& names) {
-  paths_.clear();
+  files_.clear();
   next_ = 0;
   try {
     auto first = names.begin();
@@ -35,34 +36,34 @@ std::size_t CFileDir::BuildFromNames(const std::vector<std::string>& names) {
       }
     for (; first != names.end(); ++first) AddName(prefix + *first);
     // Sorting once costs less than keeping the list sorted name by name.
-    std::ranges::sort(paths_);
-    paths_.erase(std::ranges::unique(paths_).begin(), paths_.end());
-    return paths_.size();
+    std::ranges::sort(files_, {}, &ListedFile::path);
+    files_.erase(std::ranges::unique(files_, {}, &ListedFile::path).begin(), files_.end());
+    return files_.size();
   } catch (const std::bad_alloc&) {
-    paths_.clear();
+    files_.clear();
     throw CMemoryException();
   } catch (...) {
-    paths_.clear();
+    files_.clear();
     throw;
   }
 }
 
 void CFileDir::AddName(const std::string& name) {
-  std::vector<DirectoryEntry> found = files_.Find(name);
+  std::vector<DirectoryEntry> found = disk_.Find(name);
   if (found.empty()) {
-    paths_.push_back(files_.Lower(name));
+    files_.push_back({disk_.Lower(name), {}});
     return;
   }
   std::string_view directory = DirectoryPart(name);
-  for (const DirectoryEntry& entry : found) {
+  for (DirectoryEntry& entry : found) {
     if (entry.IsDirectory()) continue;
     std::string joined = std::string(directory) + entry.name;
-    paths_.push_back(files_.Lower(files_.FullPath(joined).value_or(joined)));
+    files_.push_back({disk_.Lower(disk_.FullPath(joined).value_or(joined)), std::move(entry)});
   }
 }
 
 const std::string* CFileDir::Next() {
-  return next_ < paths_.size() ? &paths_[next_++] : nullptr;
+  return next_ < files_.size() ? &files_[next_++].path : nullptr;
 }
 
 }  // namespace tarrow

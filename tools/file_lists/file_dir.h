@@ -14,10 +14,16 @@
 
 namespace tarrow {
 
+// One file of a list.
+struct ListedFile {
+  std::string path;      // full, in lower case
+  DirectoryEntry entry;  // as it was found on the disk; without a name when nothing was found
+};
+
 class CFileDir {
  public:
-  // `files` answers for the disk and outlives the list.
-  explicit CFileDir(FileLookup& files) : files_(files) {}
+  // `disk` answers for the disk and outlives the list.
+  explicit CFileDir(FileLookup& disk) : disk_(disk) {}
 
   // Builds the list from strings of words separated by blanks (base/words.h), taken as one sequence; what was
   // there before is gone. When the first of several words names a directory, the others are names within it.
@@ -30,15 +36,15 @@ class CFileDir {
   // The next path of the list, or null behind the last. The pointer holds until the next Build.
   const std::string* Next();
 
-  const std::vector<std::string>& Paths() const { return paths_; }
+  const std::vector<ListedFile>& Files() const { return files_; }
 
-  bool IsDirectory(std::string_view name) { return tarrow::IsDirectory(files_, name); }
+  bool IsDirectory(std::string_view name) { return tarrow::IsDirectory(disk_, name); }
 
  private:
   void AddName(const std::string& name);
 
-  FileLookup& files_;
-  std::vector<std::string> paths_;
+  FileLookup& disk_;
+  std::vector<ListedFile> files_;
   std::size_t next_ = 0;
 };
 

@@ -12,6 +12,12 @@ namespace {
 
 using Paths = std::vector<std::string>;
 
+Paths PathsOf(const CFileDir& list) {
+  Paths paths;
+  for (const ListedFile& file : list.Files()) paths.push_back(file.path);
+  return paths;
+}
+
 class FileDirTest : public testing::Test {
  protected:
   FileDirTest() {
@@ -28,8 +34,8 @@ class FileDirTest : public testing::Test {
   Paths Build(std::initializer_list<std::string_view> strings) {
     CFileDir list(disk);
     std::size_t count = list.Build(strings);
-    EXPECT_EQ(count, list.Paths().size());
-    return list.Paths();
+    EXPECT_EQ(count, list.Files().size());
+    return PathsOf(list);
   }
   TableDisk disk;
 };
@@ -58,6 +64,15 @@ TEST_F(FileDirTest, OneDirectoryListsNothing) {
   EXPECT_EQ(Build({"c:\\src old.*"}), Paths{});
 }
 
+TEST_F(FileDirTest, KeepsWhatTheDiskSaysOfAFile) {
+  CFileDir list(disk);
+  list.Build({"c:\\src util.C gone.c"});
+  ASSERT_EQ(list.Files().size(), 2u);
+  EXPECT_EQ(list.Files()[0].entry.name, "") << "nothing was found";
+  EXPECT_EQ(list.Files()[1].entry.name, "util.C");
+  EXPECT_EQ(list.Files()[1].entry.attributes, kAttributeArchive);
+}
+
 TEST_F(FileDirTest, DrivesAsDirectories) {
   EXPECT_EQ(Build({"c: a.c"}), (Paths{"c:\\work\\a.c"}));
   EXPECT_EQ(Build({"c:\\ src\\*.h"}), (Paths{"c:\\src\\util.h"}));
@@ -70,7 +85,7 @@ TEST_F(FileDirTest, BlanksInNames) {
   EXPECT_EQ(Build({"   ", " "}), Paths{});
   CFileDir list(disk);
   EXPECT_EQ(list.BuildFromNames({"my name.c"}), 1u);
-  EXPECT_EQ(list.Paths(), (Paths{"c:\\work\\my name.c"}));
+  EXPECT_EQ(PathsOf(list), (Paths{"c:\\work\\my name.c"}));
 }
 
 TEST_F(FileDirTest, NextWalksAndBuildStartsAgain) {
@@ -103,7 +118,7 @@ TEST_F(FileDirTest, OutOfMemoryLeavesNoList) {
   } failing;
   CFileDir list(failing);
   EXPECT_THROW(list.Build({"a.c b.c"}), CMemoryException);
-  EXPECT_TRUE(list.Paths().empty());
+  EXPECT_TRUE(list.Files().empty());
   EXPECT_EQ(list.Next(), nullptr);
 }
 
