@@ -18,7 +18,7 @@ struct Patience final : tarrow::Progress {
 };
 
 struct Pattern final : tarrow::AnchoredPattern {
-  Match FindFirst(std::string_view text, std::size_t from, std::size_t limit) override {
+  Match FindFirst(std::string_view text, std::size_t from, std::size_t limit, tarrow::Progress*) override {
     auto found = tarrow::FindAnchoredMatch(fast, text, from, limit, &patience);
     Match match = found ? Match{found->at, found->length} : Match{limit, 0};
     for (std::size_t at = from; at <= match.start && at < limit; ++at) {

@@ -26,6 +26,7 @@ class Extraction {
         prefix_(std::string(name) + "(0x"),
         suffix_(lineEnd),
         out_(out),
+        progress_(progress),
         ticker_(progress, 64) {}
 
   void Run() {
@@ -49,6 +50,7 @@ class Extraction {
   std::string prefix_;
   std::string_view suffix_;
   TextBatch out_;
+  Progress* progress_;
   ProgressTicker ticker_;
   std::unique_ptr<char[]> window_ = std::make_unique_for_overwrite<char[]>(kWindow);
   std::size_t size_ = 0;
@@ -61,7 +63,7 @@ void Extraction::Scan() {
   for (std::size_t at = 0;;) {
     std::size_t limit = ended_ ? size_ : size_ - kOverlap;
     if (at < limit) {
-      AnchoredPattern::Match match = pattern_.FindFirst(Window(), at, limit);
+      AnchoredPattern::Match match = pattern_.FindFirst(Window(), at, limit, progress_);
       WriteMatch(Window().substr(match.start, match.length), start_ + match.start);
       at = match.start + match.length;
     } else if (ended_) {

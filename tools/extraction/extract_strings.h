@@ -2,31 +2,14 @@
 // a program, say. The pattern is tried at each byte in turn, and the scan goes on behind a match.
 #pragma once
 
+#include "base/anchored_pattern.h"
 #include "base/byte_source.h"
 #include "base/progress.h"
 #include "base/text_sink.h"
 
-#include <cstddef>
 #include <string_view>
 
 namespace tarrow {
-
-// The pattern, tried at one place at a time as if the text began there. Implemented over the regular
-// expressions, which the extraction does not know.
-class AnchoredPattern {
- public:
-  struct Match {
-    std::size_t start = 0;
-    std::size_t length = 0;
-  };
-
-  virtual ~AnchoredPattern() = default;
-
-  // Tries the places from..limit-1 of `text` in turn and returns the first at which the pattern matches at
-  // least one byte, seeing nothing before that place; {limit, 0} when there is none. `limit` is at most the
-  // size of the text; a match may reach beyond it. May throw CYieldException.
-  [[nodiscard]] virtual Match FindFirst(std::string_view text, std::size_t from, std::size_t limit) = 0;
-};
 
 inline constexpr std::string_view kDefaultStringPattern = "[ -~][ -~][ -~][ -~]+";
 

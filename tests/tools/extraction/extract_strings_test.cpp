@@ -22,7 +22,7 @@ class TryingPattern final : public AnchoredPattern {
  public:
   explicit TryingPattern(std::string_view text) : pattern_(Compiled(text)) {}
 
-  Match FindFirst(std::string_view text, std::size_t from, std::size_t limit) override {
+  Match FindFirst(std::string_view text, std::size_t from, std::size_t limit, Progress*) override {
     for (; from < limit; ++from) {
       TextView rest = text.substr(from);
       int length = MatchAt(pattern_, rest, BytePos(0), rest.End());
