@@ -47,6 +47,18 @@ bool HasUnknownDrive(std::string_view path) {
   return path.size() >= 2 && path[1] == ':' && !DiskLookup().IsDriveKnown(path[0]);
 }
 
+// What tells a file from all others, while it is open.
+std::optional<BY_HANDLE_FILE_INFORMATION> Identify(std::string_view path) {
+  HANDLE handle = CreateFileW(WideOrEmpty(path).c_str(), FILE_READ_ATTRIBUTES,
+                              FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
+                              FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) return {};
+  KernelHandle file(handle);
+  BY_HANDLE_FILE_INFORMATION identity;
+  if (!GetFileInformationByHandle(handle, &identity)) return {};
+  return identity;
+}
+
 bool IsBareDrive(std::string_view path) {
   return path.size() == 2 && path[1] == ':';
 }
@@ -85,6 +97,12 @@ std::optional<FileStatus> GetFileStatus(std::string_view path) {
 
 bool FileExists(std::string_view path) {
   return GetFileStatus(path).has_value();
+}
+
+bool SameFile(std::string_view a, std::string_view b) {
+  auto first = Identify(a), second = Identify(b);
+  return first && second && first->dwVolumeSerialNumber == second->dwVolumeSerialNumber &&
+         first->nFileIndexHigh == second->nFileIndexHigh && first->nFileIndexLow == second->nFileIndexLow;
 }
 
 bool IsDirectory(std::string_view name) {
@@ -141,6 +159,13 @@ void DuplicateFile(std::string_view from, std::string_view to, bool overwrite) {
 
 void MakeDirectory(std::string_view path) {
   if (!CreateDirectoryW(CheckedWidePath(path).c_str(), nullptr)) ThrowLastFileError(path);
+}
+
+void MakeDirectories(std::string_view path) {
+  std::string_view directory = WithoutTrailingSeparators(path);
+  std::string_view above = WithoutTrailingSeparators(DirectoryPart(directory));
+  if (!above.empty() && above.size() < directory.size() && !IsDirectory(above)) MakeDirectories(above);
+  if (!IsDirectory(directory)) MakeDirectory(directory);
 }
 
 void ChangeAttributes(std::string_view path, std::uint32_t attributes) {

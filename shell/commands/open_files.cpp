@@ -139,6 +139,18 @@ bool OpenFiles::OfferToSave(int message) {
   });
 }
 
+bool OpenFiles::OfferToSaveFile(std::string_view path, int message) {
+  CTwChild* child = FindChildShowing(frame_, LowerCase(path));
+  return !child || child->QuerySave(message);
+}
+
+void OpenFiles::FollowFile(std::string_view from, std::string_view to) {
+  CTwChild* child = FindChildShowing(frame_, LowerCase(from));
+  if (!child) return;
+  child->FollowFile(LowerCase(to));
+  AddRecent(child->Path());
+}
+
 CTwChild* OpenFiles::ActiveDocument() const {
   return dynamic_cast<CTwChild*>(frame_.ActiveChild());
 }
