@@ -26,6 +26,8 @@ enum FileAttribute : std::uint32_t {
 struct DirectoryEntry {
   std::string name;  // without its directory, in the case it has on disk
   std::uint32_t attributes = 0;
+  std::uint64_t size = 0;
+  std::uint64_t modified = 0;  // in units of 100 nanoseconds since 1601, UTC
 
   bool IsDirectory() const { return (attributes & kAttributeDirectory) != 0; }
 };

@@ -26,4 +26,14 @@ std::vector<std::string> SplitWords(std::string_view text) {
   return words;
 }
 
+std::string JoinWords(const std::vector<std::string>& words) {
+  std::string text;
+  for (const std::string& word : words) {
+    if (!text.empty()) text += ' ';
+    bool hasBlank = word.find(' ') != std::string::npos;
+    text += hasBlank ? '"' + word + '"' : word;
+  }
+  return text;
+}
+
 }  // namespace tarrow

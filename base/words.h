@@ -18,4 +18,7 @@ namespace tarrow {
 // Every word of `text`; empty ones ("") are left out.
 [[nodiscard]] std::vector<std::string> SplitWords(std::string_view text);
 
+// The text whose words these are: separated by blanks, in quotes where a word holds a blank.
+[[nodiscard]] std::string JoinWords(const std::vector<std::string>& words);
+
 }  // namespace tarrow

@@ -1,6 +1,6 @@
 #include "console/commands.h"
 #include "console/system.h"
-#include "tools/compare_files.h"
+#include "tools/comparison/compare_files.h"
 
 namespace tarrow {
 

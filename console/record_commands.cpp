@@ -1,9 +1,9 @@
 // The commands that list a file as its view shows it: lines of text, rows of hex.
 
+#include "base/text_batch.h"
 #include "base/text_format.h"
 #include "console/commands.h"
 #include "console/system.h"
-#include "tools/text_batch.h"
 #include "ui/program/string_ids.h"
 #include "ui/program/string_table.h"
 #include "viewer/hex_rows.h"

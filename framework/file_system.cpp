@@ -18,6 +18,15 @@ std::uint64_t TimeOf(const FILETIME& time) {
   return static_cast<std::uint64_t>(time.dwHighDateTime) << 32 | time.dwLowDateTime;
 }
 
+std::uint64_t SizeOf(DWORD high, DWORD low) {
+  return static_cast<std::uint64_t>(high) << 32 | low;
+}
+
+DirectoryEntry EntryOf(const WIN32_FIND_DATAW& data) {
+  return {ToUtf8(data.cFileName), data.dwFileAttributes, SizeOf(data.nFileSizeHigh, data.nFileSizeLow),
+          TimeOf(data.ftLastWriteTime)};
+}
+
 // The full form of `wide`, or an empty string when there is none, it is too long, or it is a device.
 std::wstring WideFullPath(const std::wstring& wide) {
   wchar_t full[kMaxPath];
@@ -36,6 +45,18 @@ std::wstring WideOrEmpty(std::string_view path) {
 // An unknown drive that the path begins with; other paths have none.
 bool HasUnknownDrive(std::string_view path) {
   return path.size() >= 2 && path[1] == ':' && !DiskLookup().IsDriveKnown(path[0]);
+}
+
+// What tells a file from all others, while it is open.
+std::optional<BY_HANDLE_FILE_INFORMATION> Identify(std::string_view path) {
+  HANDLE handle = CreateFileW(WideOrEmpty(path).c_str(), FILE_READ_ATTRIBUTES,
+                              FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
+                              FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) return {};
+  KernelHandle file(handle);
+  BY_HANDLE_FILE_INFORMATION identity;
+  if (!GetFileInformationByHandle(handle, &identity)) return {};
+  return identity;
 }
 
 bool IsBareDrive(std::string_view path) {
@@ -64,7 +85,7 @@ std::optional<FileStatus> GetFileStatus(std::string_view path) {
     status.created = TimeOf(data.ftCreationTime);
     status.modified = TimeOf(data.ftLastWriteTime);
     status.accessed = TimeOf(data.ftLastAccessTime);
-    status.size = static_cast<std::uint64_t>(data.nFileSizeHigh) << 32 | data.nFileSizeLow;
+    status.size = SizeOf(data.nFileSizeHigh, data.nFileSizeLow);
     status.attributes = data.dwFileAttributes;
   } else if (IsBareDrive(path)) {
     status.attributes = kAttributeDirectory;  // a drive without a medium is a directory all the same
@@ -76,6 +97,12 @@ std::optional<FileStatus> GetFileStatus(std::string_view path) {
 
 bool FileExists(std::string_view path) {
   return GetFileStatus(path).has_value();
+}
+
+bool SameFile(std::string_view a, std::string_view b) {
+  auto first = Identify(a), second = Identify(b);
+  return first && second && first->dwVolumeSerialNumber == second->dwVolumeSerialNumber &&
+         first->nFileIndexHigh == second->nFileIndexHigh && first->nFileIndexLow == second->nFileIndexLow;
 }
 
 bool IsDirectory(std::string_view name) {
@@ -111,7 +138,7 @@ std::vector<DirectoryEntry> FindFiles(std::string_view pattern) {
   HANDLE handle = wide.empty() ? INVALID_HANDLE_VALUE : FindFirstFileW(wide.c_str(), &data);
   if (handle == INVALID_HANDLE_VALUE) return entries;
   FindHandle find(handle);
-  do entries.push_back({ToUtf8(data.cFileName), data.dwFileAttributes});
+  do entries.push_back(EntryOf(data));
   while (FindNextFileW(handle, &data));
   return entries;
 }
@@ -132,6 +159,13 @@ void DuplicateFile(std::string_view from, std::string_view to, bool overwrite) {
 
 void MakeDirectory(std::string_view path) {
   if (!CreateDirectoryW(CheckedWidePath(path).c_str(), nullptr)) ThrowLastFileError(path);
+}
+
+void MakeDirectories(std::string_view path) {
+  std::string_view directory = WithoutTrailingSeparators(path);
+  std::string_view above = WithoutTrailingSeparators(DirectoryPart(directory));
+  if (!above.empty() && above.size() < directory.size() && !IsDirectory(above)) MakeDirectories(above);
+  if (!IsDirectory(directory)) MakeDirectory(directory);
 }
 
 void ChangeAttributes(std::string_view path, std::uint32_t attributes) {

@@ -33,6 +33,9 @@ struct FileStatus {
 
 [[nodiscard]] bool FileExists(std::string_view path);
 
+// Whether two paths lead to the same file, by whatever names and links. False when either leads nowhere.
+[[nodiscard]] bool SameFile(std::string_view a, std::string_view b);
+
 // Whether `name` is a directory, as IsDirectory of base/file_lookup.h has it.
 [[nodiscard]] bool IsDirectory(std::string_view name);
 
@@ -57,6 +60,10 @@ void RenameFile(std::string_view from, std::string_view to);
 void DuplicateFile(std::string_view from, std::string_view to, bool overwrite);
 
 void MakeDirectory(std::string_view path);
+
+// Makes a directory and those above it that are missing.
+void MakeDirectories(std::string_view path);
+
 void ChangeAttributes(std::string_view path, std::uint32_t attributes);
 
 // Sets the time of the last modification.

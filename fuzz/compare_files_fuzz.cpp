@@ -1,7 +1,7 @@
 // Two files, split at the first 0xFF: the comparison is the naive one's, and its patch gives the second file.
-#include "tools/compare_files.h"
+#include "tools/comparison/compare_files.h"
 
-#include "tests/tools/naive_comparison.h"
+#include "tests/tools/comparison/naive_comparison.h"
 
 #include <cstdint>
 #include <cstdlib>

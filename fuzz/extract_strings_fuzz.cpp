@@ -1,6 +1,6 @@
 // A pattern, its end marked by a 0xFF, and bytes: what is extracted stands in the file where it is said to,
 // in order, and the fast scan finds what trying every place finds.
-#include "tools/extract_strings.h"
+#include "tools/extraction/extract_strings.h"
 
 #include "base/exceptions.h"
 #include "search/pattern/anchored_scan.h"
@@ -18,7 +18,7 @@ struct Patience final : tarrow::Progress {
 };
 
 struct Pattern final : tarrow::AnchoredPattern {
-  Match FindFirst(std::string_view text, std::size_t from, std::size_t limit) override {
+  Match FindFirst(std::string_view text, std::size_t from, std::size_t limit, tarrow::Progress*) override {
     auto found = tarrow::FindAnchoredMatch(fast, text, from, limit, &patience);
     Match match = found ? Match{found->at, found->length} : Match{limit, 0};
     for (std::size_t at = from; at <= match.start && at < limit; ++at) {

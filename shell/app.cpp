@@ -6,7 +6,7 @@
 #include "framework/unicode.h"
 #include "shell/state/init_file.h"
 #include "shell/state/session.h"
-#include "tools/file_dir.h"
+#include "tools/file_lists/file_dir.h"
 #include "ui/commands/commands.h"
 #include "ui/program/string_ids.h"
 #include "ui/settings/font_choice.h"

@@ -34,11 +34,13 @@ class TableDisk : public FileLookup {
     std::string full = WholePath(pattern);
     std::vector<DirectoryEntry> found;
     bool wild = full.find_first_of("*?") != std::string::npos;
-    if (wild) found = {{".", kAttributeDirectory}, {"..", kAttributeDirectory}};
+    if (wild)
+      found = {{.name = ".", .attributes = kAttributeDirectory},
+               {.name = "..", .attributes = kAttributeDirectory}};
     for (auto& [name, attributes] : files_)
       if (EqualIgnoringCase(DirectoryPart(name), DirectoryPart(full)) &&
           Matches(FileNamePart(full), FileNamePart(name)))
-        found.push_back({std::string(FileNamePart(name)), attributes});
+        found.push_back({.name = std::string(FileNamePart(name)), .attributes = attributes});
     std::ranges::reverse(found);  // a disk promises no order
     return found;
   }

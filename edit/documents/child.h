@@ -13,6 +13,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tarrow {
 
@@ -33,6 +34,9 @@ class CTwChild : public CMDIChildWnd {
   // Whether the window may close. Asks about changes with string `message`, formatted with the path; 0 saves
   // them without asking.
   [[nodiscard]] virtual bool QuerySave(int message);
+
+  // The document's file is now called `path` (full, lower case).
+  void FollowFile(std::string path) { SetPath(std::move(path)); }
 
   // Shows a caret's place and the indicators of this window in the status bar.
   virtual void PublishState();

@@ -36,6 +36,12 @@ class Documents {
   // the z-order. False when the user cancelled or a save failed.
   [[nodiscard]] virtual bool OfferToSave(int message) = 0;
 
+  // The same for the window of one file (a full path), if it has one.
+  [[nodiscard]] virtual bool OfferToSaveFile(std::string_view path, int message) = 0;
+
+  // The file `from` is now called `to` (full paths): its window follows.
+  virtual void FollowFile(std::string_view from, std::string_view to) = 0;
+
  protected:
   ~Documents() = default;
 };

@@ -33,17 +33,22 @@ void SetFilter(IFileDialog& dialog, std::string_view filter) {
   if (!types.empty()) dialog.SetFileTypes(static_cast<UINT>(types.size()), types.data());
 }
 
-// What the three dialogs share: the current directory, the file types, and names on a disk only.
+// What stands under a path, or null.
+ComPtr<IShellItem> ItemOf(std::string_view path) {
+  IShellItem* item = nullptr;
+  ::SHCreateItemFromParsingName(ToWide(path).c_str(), nullptr, IID_IShellItem,
+                                reinterpret_cast<void**>(&item));
+  return ComPtr<IShellItem>(item);
+}
+
+// What the dialogs share: the current directory, the file types, and names on a disk only.
 void Prepare(IFileDialog& dialog, std::string_view filter, FILEOPENDIALOGOPTIONS set,
              FILEOPENDIALOGOPTIONS clear) {
   FILEOPENDIALOGOPTIONS options = 0;
   dialog.GetOptions(&options);
   dialog.SetOptions((options & ~clear) | set | FOS_FORCEFILESYSTEM | FOS_NOCHANGEDIR);
   SetFilter(dialog, filter);
-  IShellItem* folder = nullptr;
-  ::SHCreateItemFromParsingName(ToWide(WorkingDirectory()).c_str(), nullptr, IID_IShellItem,
-                                reinterpret_cast<void**>(&folder));
-  if (ComPtr<IShellItem> owned{folder}) dialog.SetFolder(folder);
+  if (ComPtr<IShellItem> folder = ItemOf(WorkingDirectory())) dialog.SetFolder(folder.get());
 }
 
 std::vector<std::string> Results(IFileOpenDialog& dialog) {
@@ -66,6 +71,16 @@ bool IsChecked(IFileDialogCustomize& controls, DWORD id) {
   BOOL checked = FALSE;
   controls.GetCheckButtonState(id, &checked);
   return checked != FALSE;
+}
+
+// Existing files, in a dialog of that title.
+std::vector<std::string> PickFiles(HWND owner, std::string_view title, std::string_view filter,
+                                   FILEOPENDIALOGOPTIONS set) {
+  auto dialog = CreateComObject<IFileOpenDialog>(CLSID_FileOpenDialog);
+  if (!dialog) return {};
+  Prepare(*dialog, filter, FOS_FILEMUSTEXIST | set, FOS_ALLOWMULTISELECT & ~set);
+  dialog->SetTitle(ToWide(title).c_str());
+  return SUCCEEDED(dialog->Show(owner)) ? Results(*dialog) : std::vector<std::string>();
 }
 
 }  // namespace
@@ -93,10 +108,22 @@ std::optional<OpenChoice> RunOpenDialog(HWND owner, std::string_view filter) {
   return choice;
 }
 
+std::vector<std::string> RunPickFilesDialog(HWND owner, std::string_view title, std::string_view filter) {
+  return PickFiles(owner, title, filter, FOS_ALLOWMULTISELECT);
+}
+
 std::optional<std::string> RunPickFileDialog(HWND owner, std::string_view title, std::string_view filter) {
+  std::vector<std::string> paths = PickFiles(owner, title, filter, 0);
+  if (paths.empty()) return {};
+  return paths.front();
+}
+
+std::optional<std::string> RunPickDirectoryDialog(HWND owner, std::string_view title,
+                                                  std::string_view start) {
   auto dialog = CreateComObject<IFileOpenDialog>(CLSID_FileOpenDialog);
   if (!dialog) return {};
-  Prepare(*dialog, filter, FOS_FILEMUSTEXIST, FOS_ALLOWMULTISELECT);
+  Prepare(*dialog, {}, FOS_PICKFOLDERS | FOS_PATHMUSTEXIST, FOS_ALLOWMULTISELECT);
+  if (ComPtr<IShellItem> folder = ItemOf(start)) dialog->SetFolder(folder.get());
   dialog->SetTitle(ToWide(title).c_str());
   if (FAILED(dialog->Show(owner))) return {};
   std::vector<std::string> paths = Results(*dialog);

@@ -33,6 +33,14 @@ struct OpenChoice {
 [[nodiscard]] std::optional<std::string> RunPickFileDialog(HWND owner, std::string_view title,
                                                            std::string_view filter);
 
+// Existing files of one directory, in a dialog of that title; empty when the user cancels.
+[[nodiscard]] std::vector<std::string> RunPickFilesDialog(HWND owner, std::string_view title,
+                                                          std::string_view filter);
+
+// An existing directory, beginning with `start`.
+[[nodiscard]] std::optional<std::string> RunPickDirectoryDialog(HWND owner, std::string_view title,
+                                                                std::string_view start);
+
 struct SaveChoice {
   std::string path;
   FileFormat format;

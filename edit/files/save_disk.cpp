@@ -5,6 +5,7 @@
 #include "framework/file.h"
 #include "framework/file_system.h"
 #include "framework/handle.h"
+#include "framework/platform.h"
 #include "framework/unicode.h"
 
 #include <windows.h>
@@ -15,10 +16,6 @@ namespace {
 // Scanners and indexers hold a file open for moments after it was written.
 constexpr int kAttempts = 6;
 constexpr DWORD kPauseMilliseconds = 80;
-
-bool IsWine() {
-  return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
-}
 
 // Repeats `operation` while it fails for what may pass, and throws when it goes on failing.
 template <typename Operation>

@@ -7,7 +7,7 @@
 #include "framework/file.h"
 #include "framework/file_system.h"
 #include "framework/unicode.h"
-#include "tools/file_dir.h"
+#include "tools/file_lists/file_dir.h"
 #include "ui/commands/commands.h"
 #include "ui/program/string_ids.h"
 
@@ -137,6 +137,18 @@ bool OpenFiles::OfferToSave(int message) {
     auto* child = dynamic_cast<CTwChild*>(&window);
     return !child || child->Has(kUntitled) || child->QuerySave(message);
   });
+}
+
+bool OpenFiles::OfferToSaveFile(std::string_view path, int message) {
+  CTwChild* child = FindChildShowing(frame_, LowerCase(path));
+  return !child || child->QuerySave(message);
+}
+
+void OpenFiles::FollowFile(std::string_view from, std::string_view to) {
+  CTwChild* child = FindChildShowing(frame_, LowerCase(from));
+  if (!child) return;
+  child->FollowFile(LowerCase(to));
+  AddRecent(child->Path());
 }
 
 CTwChild* OpenFiles::ActiveDocument() const {

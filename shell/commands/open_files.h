@@ -30,6 +30,8 @@ class OpenFiles final : public CommandTarget, public Documents {
   CTwChild* ActiveDocument() const override;
   TextControl* ActiveText() const override;
   bool OfferToSave(int message) override;
+  bool OfferToSaveFile(std::string_view path, int message) override;
+  void FollowFile(std::string_view from, std::string_view to) override;
 
  protected:
   static const MessageMap kMessageMap;

@@ -5,6 +5,10 @@
 
 namespace tarrow {
 
+// Sent to the frame by the dialog of the global search (lParam is the dialog): search now, or, once it is
+// closing, forget it.
+inline constexpr UINT kGlobalSearchMessage = WM_USER + 1;
+
 // Posted to the frame: which menu bar to show (wParam is a MenuBar). Posted, since the menu must not change
 // while windows are being activated.
 inline constexpr UINT kShowMenuMessage = WM_USER + 2;

@@ -14,6 +14,9 @@ class FakeDocuments final : public Documents {
   std::vector<std::string> opened;
   std::vector<std::pair<SourcePlace, std::string>> places;  // with the directories of their windows
   TextControl* activeText = nullptr;
+  bool mayContinue = true;  // what is answered to offers to save
+  std::vector<std::string> offered;
+  std::vector<std::pair<std::string, std::string>> followed;
 
   bool OpenFile(std::string_view path, bool, bool) override {
     opened.emplace_back(path);
@@ -26,7 +29,12 @@ class FakeDocuments final : public Documents {
   CTwLog* NewResultWindow(std::string_view, PlaceFinder) override { return nullptr; }
   CTwChild* ActiveDocument() const override { return nullptr; }
   TextControl* ActiveText() const override { return activeText; }
-  bool OfferToSave(int) override { return true; }
+  bool OfferToSave(int) override { return mayContinue; }
+  bool OfferToSaveFile(std::string_view path, int) override {
+    offered.emplace_back(path);
+    return mayContinue;
+  }
+  void FollowFile(std::string_view from, std::string_view to) override { followed.emplace_back(from, to); }
 };
 
 // The frame's window and its ears for the document windows; what it hears it forgets.
