@@ -281,3 +281,28 @@ class PasteFile(Scenario):
         self.stage.keys("Ctrl+z")
         program.save()
         self.wait_content(path, b"one\r\nfour\r\n")
+
+
+class NamesThatDifferInCase(Scenario):
+    """On a disk that tells them apart, each is opened and saved by itself."""
+
+    def test_both_are_edited(self):
+        lower, upper = self.write("a.txt", b"lower\r\n"), self.write("A.txt", b"upper\r\n")
+        program = self.start("A.txt")
+        title = shown_path(upper)[:-len("A.txt")] + "A.txt"
+        program.wait_title(title)
+        self.stage.type("1")
+        program.save()
+        self.wait_content(upper, b"1upper\r\n")
+        self.assertEqual(lower.read_bytes(), b"lower\r\n")
+
+        program.command("File:Open")
+        program.fill_file_dialog(lower)
+        program.wait_title(shown_path(lower))
+        self.stage.type("2")
+        program.save()
+        self.wait_content(lower, b"2lower\r\n")
+        self.assertEqual(upper.read_bytes(), b"1upper\r\n")
+        self.assertEqual(program.close_and_end(), 0)
+        program = self.start()
+        program.wait_titles([title, shown_path(lower)])
