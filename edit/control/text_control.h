@@ -258,6 +258,7 @@ class TextControl final : public CWnd {
 
   std::optional<TextRange> drag_;  // what a drag keeps selected while the mouse is held
   int wheel_ = 0, wheelSideways_ = 0;
+  bool wordDeleted_ = false;  // by the key whose character is still to come
   char16_t highSurrogate_ = 0;
   std::string leadByte_;
 };

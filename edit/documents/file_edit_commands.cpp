@@ -43,7 +43,7 @@ EditingCommands::EditingCommands(const DocumentServices& program, TextControl& c
 bool EditingCommands::Run(UINT id) {
   const EditingCommand* command = FindEditingCommand(id);
   if (!command) return false;
-  if (command->changesText && Has(kReadOnly)) {
+  if (command->changesText && IsReadOnly()) {
     owner_.Beep(MB_ICONEXCLAMATION);
     return true;
   }
@@ -65,6 +65,7 @@ CommandState EditingCommands::State(UINT id) const {
   const EditingCommand* command = FindEditingCommand(id);
   if (!command) return {false, false};
   bool enabled = CanEdit(*command, control_.Selection(), owner_.EditFlags());
+  if (command->changesText && control_.IsReadOnly()) enabled = false;
   if (id == kEditUndo) enabled = enabled && control_.CanUndo();
   if (id == kEditPaste) enabled = enabled && HasClipboardText();
   if (id == kSetClean) enabled = Has(kModified);

@@ -6,6 +6,7 @@
 // takes long.
 #pragma once
 
+#include "edit/commands/child_flags.h"
 #include "edit/commands/editing_command.h"
 #include "edit/control/text_control.h"
 #include "edit/documents/document_services.h"
@@ -66,6 +67,8 @@ class EditingCommands final : public TextControlHooks {
   void RememberPosition() { previousPosition_ = control_.Selection().end; }
 
   bool Has(std::uint32_t flag) const { return (owner_.EditFlags() & flag) != 0; }
+  // A message to the control, from wherever, makes it read-only too.
+  bool IsReadOnly() const { return Has(kReadOnly) || control_.IsReadOnly(); }
   IndentSettings Indent() const;
 
   const DocumentServices& program_;

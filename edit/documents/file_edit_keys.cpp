@@ -8,7 +8,7 @@
 namespace tarrow {
 
 bool EditingCommands::OnCharacter(char32_t code) {
-  if (Has(kReadOnly)) {
+  if (IsReadOnly()) {
     if (!IsRefusedWhenReadOnly(code)) return false;
     owner_.Beep(MB_ICONEXCLAMATION);
     return true;

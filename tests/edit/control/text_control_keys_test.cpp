@@ -55,6 +55,9 @@ TEST(TextControlKeys, MoveSelectAndDelete) {
       {"abc|", VK_DELETE, false, false, "abc|"},
       {"a[bc]d", VK_DELETE, false, false, "a|d"},
       {"|one two", VK_DELETE, false, true, "|two"},
+      {"one two|", VK_BACK, false, true, "one |"},
+      {"one [two]", VK_BACK, false, true, "one |"},
+      {"|one", VK_BACK, false, true, "|one"},
   };
   ControlHost host;
   for (const KeyCase& c : kCases) {
@@ -105,6 +108,25 @@ TEST(TextControlKeys, TypesCharactersOfAnyLanguage) {
     Show(host, c.before);
     host.Type(c.typed);
     EXPECT_EQ(host.Shown(), c.after) << c.before;
+  }
+}
+
+// Its character is another one under Wine than elsewhere, and must not delete once more.
+TEST(TextControlKeys, ControlAndBackspaceDeletesOneWord) {
+  for (char16_t character : {u'\x7F', u'\b'}) {
+    ControlHost host;
+    Show(host, "one two three|");
+    for (int times = 0; times < 2; ++times) {
+      host.Press(VK_BACK, false, true);
+      host.Type({&character, 1});
+    }
+    EXPECT_EQ(host.Shown(), "one |");
+    host.Press(VK_BACK);
+    host.Type(u"\b");
+    EXPECT_EQ(host.Shown(), "one|");
+    host.control.SetReadOnly(true);
+    host.Press(VK_BACK, false, true);
+    EXPECT_EQ(host.Shown(), "one|");
   }
 }
 

@@ -91,6 +91,19 @@ TEST_F(EditingCommandsTest, RefusesChangesOfAReadOnlyWindow) {
   }
 }
 
+TEST_F(EditingCommandsTest, RefusesChangesOfAControlThatIsReadOnlyByAMessage) {
+  edit_.flags = kAlignLines | kOvertype;
+  edit_.SetMarked("\tab‸cd ef");
+  edit_.control.Send(EM_SETREADONLY, TRUE);
+  for (const char16_t* typed : {u"\r", u"x", u"\t", u"\b", u"\x7F"}) edit_.Type(typed);
+  edit_.Press(VK_DELETE);
+  for (UINT command : {kEditShiftRight, kEditUpper, kEditTranspose, kEditPaste}) {
+    EXPECT_TRUE(edit_.commands.Run(command));
+    EXPECT_FALSE(edit_.commands.State(command).enabled) << command;
+  }
+  EXPECT_EQ(edit_.Marked(), "\tab‸cd ef");
+}
+
 TEST_F(EditingCommandsTest, AppendsToTheClipboardAndCuts) {
   ASSERT_TRUE(PutOnClipboard(edit_.Handle(), TextView("one "), Charset()));
   EXPECT_EQ(Run(kEditCopyAppend, "«twoé» three"), "«twoé» three");
