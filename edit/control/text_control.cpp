@@ -217,6 +217,9 @@ bool TextControl::UndoLast() {
 
 bool TextControl::Type(char32_t code) {
   if (readOnly_) return false;
+  std::u16string wide;
+  AppendUtf16(code, wide);
+  if (!MakeRoomFor(wide)) return false;
   return ReplaceSelection(code == U'\r' ? std::string("\r\n") : charset_.Encode(code), EditKind::kTyping);
 }
 

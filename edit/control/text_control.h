@@ -26,13 +26,23 @@ namespace tarrow {
 // The notification code that says that the caret may have moved.
 inline constexpr UINT kCaretMoved = 0x700;
 
-// What the owner of a control may do instead of it; each function returns whether it has.
+// What becomes of characters that the charset of a text lacks.
+enum class MissingCharacters {
+  kConvert,     // the text is converted to UTF-8
+  kSubstitute,  // "?" stands for each
+  kRefuse,      // nothing is inserted
+};
+
+// What the owner of a control may do instead of it; functions that return a bool say whether it has.
 class TextControlHooks {
  public:
   // A character was typed; '\r' is Enter.
   virtual bool OnCharacter(char32_t) { return false; }
   virtual bool OnKeyDown(UINT /*key*/, bool /*shift*/, bool /*control*/) { return false; }
   virtual bool OnDoubleClick(BytePos) { return false; }
+
+  // Asked before characters are inserted that the text's charset lacks.
+  virtual MissingCharacters OnMissingCharacters() { return MissingCharacters::kSubstitute; }
 
  protected:
   ~TextControlHooks() = default;
@@ -87,6 +97,16 @@ class TextControl final : public CWnd {
   // Types a character as the keyboard does: over the selection, in the charset of the text; '\r' breaks the
   // line.
   bool Type(char32_t code);
+
+  // Inserts a text that is in the charset `from` over the selection, converted where that differs.
+  bool Insert(std::string_view text, const Charset& from);
+
+  // Sees to it that characters can be inserted: a text that is all ASCII becomes UTF-8, any other that lacks
+  // some of them is what the hooks say. False when they refuse, or memory ends.
+  bool MakeRoomFor(std::u16string_view wide);
+
+  // Makes a text in the code page UTF-8, the same characters selected as before, nothing to undo.
+  bool ConvertToUtf8();
 
   // False also when there is nothing to undo or the control is read-only. The text that comes back is
   // selected; after the undo of a list, what was selected before it.

@@ -160,10 +160,14 @@ bool EditingCommands::AppendToClipboard() {
     owner_.Beep(MB_OK);
     return false;
   }
-  const Charset& charset = control_.TextCharset();
+  Charset own = control_.TextCharset(), charset = own;
+  if (!own.Holds(ForeignTextFromClipboard(control_.Handle(), own))) charset = Charset();
   std::string text = TextFromClipboard(control_.Handle(), charset).value_or(std::string());
   TextView selected = control_.View().Sub(selection);
-  text.append(selected.head).append(selected.tail);
+  if (charset == own)
+    text.append(selected.head).append(selected.tail);
+  else
+    text += own.Convert(selected, charset);
   return PutOnClipboard(control_.Handle(), TextView(text), charset);
 }
 

@@ -11,6 +11,9 @@
 #include "edit/control/text_control.h"
 #include "edit/documents/document_services.h"
 
+#include <optional>
+#include <string>
+
 namespace tarrow {
 
 // What the commands need of their window.
@@ -20,6 +23,9 @@ class EditingOwner {
 
   // Takes over the flags (child_flags.h) and shows them in the status bar.
   virtual void ChangeEditFlags(std::uint32_t flags) = 0;
+
+  // The name of the text, for questions about it.
+  virtual const std::string& EditName() const = 0;
 
   // The text counts as saved.
   virtual void MarkClean() = 0;
@@ -49,6 +55,7 @@ class EditingCommands final : public TextControlHooks {
   bool OnCharacter(char32_t code) override;
   bool OnKeyDown(UINT key, bool shift, bool control) override;
   bool OnDoubleClick(BytePos at) override;
+  MissingCharacters OnMissingCharacters() override;
 
  private:
   void Do(const EditingCommand& command);
@@ -74,7 +81,8 @@ class EditingCommands final : public TextControlHooks {
   const DocumentServices& program_;
   TextControl& control_;
   EditingOwner& owner_;
-  BytePos previousPosition_;  // where the caret was before the last long jump
+  std::optional<MissingCharacters> missing_;  // what the user wants of them, once asked
+  BytePos previousPosition_;                  // where the caret was before the last long jump
 };
 
 }  // namespace tarrow
