@@ -73,6 +73,9 @@ class TextControl final : public CWnd {
   TextRange Selection() const;
   BytePos Caret() const { return caret_; }
 
+  // How many characters of its line stand before a place.
+  std::int32_t ColumnOf(BytePos at) const;
+
   // Selects from `anchor` to `caret` and scrolls the caret into view. An empty selection is moved out of
   // characters and line ends; any other is taken as it is.
   void Select(BytePos anchor, BytePos caret);
@@ -266,7 +269,8 @@ class TextControl final : public CWnd {
   std::unique_ptr<FontWidths> font_;
   std::vector<int> tabUnits_;  // dialog units; empty: every eight columns
   TabStops tabs_;
-  mutable LayoutCheckpoints checkpoints_;
+  mutable LayoutCheckpoints checkpoints_;  // of the layout
+  mutable LayoutCheckpoints counts_;       // of the count of characters
   LineNo top_;
   Pixels left_ = 0;
   Pixels widest_ = 0;  // of the lines seen so far: what the horizontal bar spans

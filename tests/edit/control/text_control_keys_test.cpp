@@ -258,6 +258,17 @@ TEST(TextControlKeys, UndoOfAListRestoresTheSelectionBeforeIt) {
   EXPECT_EQ(host.Shown(), "[\tone\r\n\ttwo\r\n]three");
 }
 
+TEST(TextControlKeys, ColumnsCountCharacters) {
+  ControlHost host;
+  host.SetText("x\r\n\xC3\xA9\xD0\x96");
+  host.control.Select(BytePos(7), BytePos(7));
+  EXPECT_EQ(host.control.ColumnOf(BytePos(7)), 2);
+  host.Type(u"\u0416a\b");
+  EXPECT_EQ(host.control.ColumnOf(host.control.Caret()), 3);
+  host.SetText("caf\xE9");
+  EXPECT_EQ(host.control.ColumnOf(BytePos(4)), 4);
+}
+
 TEST(TextControlKeys, NeverPutsTheCaretInsideACharacterOrALineEnd) {
   ControlHost host;
   host.SetText("a\xE2\x82\xAC\r\nb");
