@@ -2,6 +2,7 @@
 
 #include "base/exceptions.h"
 #include "base/path_text.h"
+#include "base/text_format.h"
 #include "framework/file.h"
 #include "framework/file_system.h"
 #include "framework/unicode.h"
@@ -13,16 +14,13 @@
 namespace tarrow {
 namespace {
 
-constexpr wchar_t kTempPrefix[] = L"trw";
 constexpr std::size_t kExtensionLength = 3;
 constexpr int kMostAttempts = 1000;
 
-// GetTempFileNameW leaves room for a name of 8.3 behind the directory.
-std::string UniqueNameIn(std::string_view directory) {
-  wchar_t name[MAX_PATH];
-  if (!GetTempFileNameW(CheckedWidePath(directory).c_str(), kTempPrefix, 0, name))
-    ThrowLastFileError(directory);
-  return ToUtf8(name);
+// Numbers that neither this run of the program nor another one is likely to have used.
+std::uint32_t NextNumber() {
+  static std::uint32_t number = GetTickCount() * 2654435761u ^ GetCurrentProcessId() << 16;
+  return ++number;
 }
 
 // Creates `path` as an empty file; false when one is there already.
@@ -69,21 +67,21 @@ std::string ProgramPath() {
   return ToUtf8({path, length});
 }
 
-std::string MakeTempName(std::string_view extension) {
+// The platform's own function returns a name under Wine even where no file can be created.
+std::string CreateUniqueFile(const std::function<std::string(std::uint32_t)>& nameOf) {
   for (int attempt = 0;; ++attempt) {
-    std::string name = UniqueNameIn(TemporaryDirectory());
-    if (extension.size() != kExtensionLength) return name;
-    std::string wanted = name.substr(0, name.size() - kExtensionLength).append(extension);
-    // The name without the extension was only there to be unique.
-    bool created = CreateEmpty(wanted);
-    RemoveFile(name);
-    if (created) return wanted;
-    if (attempt == kMostAttempts) throw CFileException(FileCause::kDirectoryFull, wanted);
+    std::string path = nameOf(NextNumber());
+    if (CreateEmpty(path)) return path;
+    if (attempt == kMostAttempts) throw CFileException(FileCause::kDirectoryFull, path);
   }
 }
 
-std::string MakeTempNameIn(std::string_view directory) {
-  return UniqueNameIn(directory);
+std::string MakeTempName(std::string_view extension) {
+  if (extension.size() != kExtensionLength) extension = "tmp";
+  std::string directory = TemporaryDirectory();
+  return CreateUniqueFile([&](std::uint32_t number) {
+    return directory + FormatText("trw%08x.%s", {number, extension});
+  });
 }
 
 }  // namespace tarrow

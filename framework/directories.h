@@ -4,6 +4,8 @@
 // Paths are UTF-8. Operations throw CFileException naming the path.
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -24,12 +26,13 @@ void ChangeWorkingDirectory(std::string_view path);
 // The full path of the running program.
 [[nodiscard]] std::string ProgramPath();
 
+// Creates an empty file under a name that no file has: `nameOf` makes a path of a number, and is asked again
+// with another one while there is a file already. Returns the path.
+[[nodiscard]] std::string CreateUniqueFile(const std::function<std::string(std::uint32_t)>& nameOf);
+
 // A name in the system's directory for temporary files that no file has; the empty file is created, so that
 // the name stays free for the caller. A given extension of three characters takes the place of the name's
 // own.
 [[nodiscard]] std::string MakeTempName(std::string_view extension = {});
-
-// The same in a directory of the caller's choice, without an extension of choice.
-[[nodiscard]] std::string MakeTempNameIn(std::string_view directory);
 
 }  // namespace tarrow

@@ -7,6 +7,8 @@
 
 #include <windows.h>
 
+#include <algorithm>
+
 namespace tarrow {
 namespace {
 
@@ -117,18 +119,16 @@ std::string FullPath(std::string_view path) {
 }
 
 std::string FullPathLower(std::string_view path) {
-  return LowerCase(FullPath(path));
+  return LowerPaths().Lower(FullPath(path));
 }
 
 std::string TrueCase(std::string_view path) {
   if (path.find_first_of("?*") != std::string_view::npos) return std::string(path);
-  WIN32_FIND_DATAW data;
-  FindHandle find(FindFirstFileW(WideOrEmpty(path).c_str(), &data));
-  if (find.Get() == INVALID_HANDLE_VALUE) {
-    (void)find.Release();
-    return std::string(path);
-  }
-  return std::string(DirectoryPart(path)) + ToUtf8(data.cFileName);
+  std::vector<DirectoryEntry> found = FindFiles(path);
+  std::string_view name = FileNamePart(path);
+  bool isExact = std::ranges::any_of(found, [&](const DirectoryEntry& entry) { return entry.name == name; });
+  if (found.empty() || isExact) return std::string(path);
+  return std::string(DirectoryPart(path)) + found[0].name;
 }
 
 std::vector<DirectoryEntry> FindFiles(std::string_view pattern) {
@@ -205,7 +205,7 @@ std::vector<DirectoryEntry> DiskLookup::Find(std::string_view pattern) {
   return FindFiles(pattern);
 }
 std::string DiskLookup::Lower(std::string_view path) {
-  return LowerCase(path);
+  return lower_.Lower(path);
 }
 
 }  // namespace tarrow

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "base/file_lookup.h"
+#include "framework/lower_path.h"
 
 #include <cstdint>
 #include <optional>
@@ -42,10 +43,11 @@ struct FileStatus {
 // The full path of `path`. Throws kBadPath when it is too long, names a device, or has no full form.
 [[nodiscard]] std::string FullPath(std::string_view path);
 
-// The full path in lower case, as the program keeps it.
+// The full path in lower case, as the program keeps it (framework/lower_path.h).
 [[nodiscard]] std::string FullPathLower(std::string_view path);
 
-// `path` with its last component in the case that it has on the disk; unchanged when nothing is there.
+// `path` with its last component in the case that it has on the disk; unchanged when nothing is there, or
+// exactly that.
 [[nodiscard]] std::string TrueCase(std::string_view path);
 
 // Everything that a path with wildcards in its last component finds, "." and ".." included.
@@ -77,6 +79,9 @@ class DiskLookup final : public FileLookup {
   std::optional<std::string> FullPath(std::string_view path) override;
   std::vector<DirectoryEntry> Find(std::string_view pattern) override;
   std::string Lower(std::string_view path) override;
+
+ private:
+  LowerPaths lower_;
 };
 
 // `path` for a call of the platform, for use within framework/ and beside it. Throws kBadPath for one that is

@@ -20,16 +20,6 @@ constexpr std::string_view kHelpFileName = "tarrow.hlp";
 
 MessageBoxes* reporter = nullptr;
 
-// The placement of the settings, unless it stands off every screen: the system places the frame then.
-RECT FrameRectangle(const FramePlacement& placement) {
-  RECT usual{CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT};
-  if (!placement.bounds) return usual;
-  RECT bounds{placement.bounds->left, placement.bounds->top, placement.bounds->right,
-              placement.bounds->bottom};
-  if (!::MonitorFromRect(&bounds, MONITOR_DEFAULTTONULL)) return usual;
-  return {bounds.left, bounds.top, bounds.right - bounds.left, bounds.bottom - bounds.top};
-}
-
 // The directory of -d in full, so that it means the same in the next run; empty when there is none.
 std::string WorkingDirectoryOf(const CommandLineOptions& options) {
   if (options.workingDirectory.empty()) return {};
@@ -85,17 +75,33 @@ void CTwApp::LoadProgramSettings(const CommandLineOptions& options) {
 }
 
 bool CTwApp::ShowFrame(int showCommand) {
-  std::string value;
-  (void)program_.state.store.ReadString(kSettingsSection, "Window", value);
-  FramePlacement placement =
-      ParsePlacement(value, ::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN));
-  if (!program_.frame.CreateMain(FrameRectangle(placement))) return false;
-  if (placement.maximised && showCommand != SW_SHOWMINNOACTIVE) showCommand = SW_SHOWMAXIMIZED;
+  CTwFrame& frame = program_.frame;
+  if (!frame.CreateMain({CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT})) return false;
+  if (PlaceFrame() && showCommand != SW_SHOWMINNOACTIVE) showCommand = SW_SHOWMAXIMIZED;
   program_.keys.Load();
   program_.files.ShowRecentFiles();
-  ::ShowWindow(program_.frame.Handle(), showCommand);
-  ::UpdateWindow(program_.frame.Handle());
+  ::ShowWindow(frame.Handle(), showCommand);
+  ::UpdateWindow(frame.Handle());
   return true;
+}
+
+// Moves the frame from where the system has put it to where the settings say, unless that is off every
+// screen. Returns whether it was maximised.
+bool CTwApp::PlaceFrame() {
+  std::string value;
+  (void)program_.state.store.ReadString(kSettingsSection, "Window", value);
+  RECT usual{};
+  ::GetWindowRect(program_.frame.Handle(), &usual);
+  FramePlacement placement = ParsePlacement(value,
+                                            {static_cast<int>(usual.left), static_cast<int>(usual.top),
+                                             static_cast<int>(usual.right), static_cast<int>(usual.bottom)},
+                                            ::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN));
+  if (!placement.bounds) return placement.maximised;
+  auto [left, top, right, bottom] = *placement.bounds;
+  RECT bounds{left, top, right, bottom};
+  if (::MonitorFromRect(&bounds, MONITOR_DEFAULTTONULL))
+    ::MoveWindow(program_.frame.Handle(), left, top, right - left, bottom - top, FALSE);
+  return placement.maximised;
 }
 
 // Opens, and with -p prints and closes, every file of the command line; returns how many were named.

@@ -27,6 +27,7 @@ class CTwApp {
   void FindPlaces(const CommandLineOptions& options);
   void LoadProgramSettings(const CommandLineOptions& options);
   bool ShowFrame(int showCommand);
+  bool PlaceFrame();
   std::size_t OpenNamedFiles(const CommandLineOptions& options);
   MessageLoop::Targets LoopTargets() const;
 

@@ -104,14 +104,14 @@ std::optional<std::string> ReadBytes(const Charset& charset) {
   return bytes;
 }
 
-std::optional<std::string> ReadWide(const Charset& charset) {
-  std::optional<std::string> bytes;
+std::optional<std::u16string> ReadWide() {
+  std::optional<std::u16string> text;
   ReadFormat(CF_UNICODETEXT, [&](const char* memory, std::size_t size) {
     std::u16string_view wide(reinterpret_cast<const char16_t*>(memory), size / sizeof(char16_t));
-    bytes = charset.FromWide(wide.substr(0, wide.find(u'\0')));
+    text = wide.substr(0, wide.find(u'\0'));
     return true;
   });
-  return bytes;
+  return text;
 }
 
 }  // namespace
@@ -137,9 +137,22 @@ std::optional<std::string> TextFromClipboard(HWND owner, const Charset& charset)
     std::optional<std::string> bytes;
     bool opened = WithClipboard(owner, [&] {
       bytes = ReadBytes(charset);
-      if (!bytes) bytes = ReadWide(charset);
+      if (bytes) return;
+      if (std::optional<std::u16string> wide = ReadWide()) bytes = charset.FromWide(*wide);
     });
     return opened ? bytes : std::nullopt;
+  } catch (const std::bad_alloc&) {
+    throw CMemoryException();
+  }
+}
+
+std::u16string ForeignTextFromClipboard(HWND owner, const Charset& charset) {
+  try {
+    std::u16string wide;
+    WithClipboard(owner, [&] {
+      if (!ReadBytes(charset)) wide = ReadWide().value_or(std::u16string());
+    });
+    return wide;
   } catch (const std::bad_alloc&) {
     throw CMemoryException();
   }

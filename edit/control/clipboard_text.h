@@ -20,6 +20,10 @@ namespace tarrow {
 // CMemoryException.
 [[nodiscard]] std::optional<std::string> TextFromClipboard(HWND owner, const Charset& charset);
 
+// The clipboard's text in UTF-16 when `charset` would not get it as bytes of its own; else empty. Throws
+// CMemoryException.
+[[nodiscard]] std::u16string ForeignTextFromClipboard(HWND owner, const Charset& charset);
+
 // Whether there is text to be had.
 [[nodiscard]] bool HasClipboardText();
 

@@ -37,4 +37,15 @@ int FontWidths::WidthOf(char32_t code) const {
   return found->second = Measure(dc, code);
 }
 
+// Fonts that are no outlines do not tell; their marks fill a cell as a letter does.
+bool FontWidths::ReachesBack(char32_t mark) const {
+  auto [found, isNew] = reachesBack_.try_emplace(mark, false);
+  if (!isNew || mark > 0xFFFF) return found->second;
+  ClientDc dc(nullptr);
+  SelectedObject selected(dc, font_);
+  ABC ink{};
+  bool isKnown = ::GetCharABCWidthsW(dc, mark, mark, &ink) != 0;
+  return found->second = isKnown && ink.abcA + static_cast<int>(ink.abcB) / 2 < 0;
+}
+
 }  // namespace tarrow

@@ -23,6 +23,7 @@ class FontWidths final : public CharWidths {
 
   int WidthOf(char32_t code) const override;
   int CommonWidth() const override { return commonWidth_; }
+  bool ReachesBack(char32_t mark) const override;
 
  private:
   int Measure(HDC dc, char32_t code) const;
@@ -33,6 +34,7 @@ class FontWidths final : public CharWidths {
   int commonWidth_ = 0;
   std::array<int, 128> ascii_{};
   mutable std::unordered_map<char32_t, int> others_;
+  mutable std::unordered_map<char32_t, bool> reachesBack_;
 };
 
 }  // namespace tarrow

@@ -3,6 +3,7 @@
 #include "base/byte_scan.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tarrow {
 namespace {
@@ -142,6 +143,18 @@ BytePos LineLayout::Nearest(Pixels x) const {
   return x - spot.x < (spot.width + 1) / 2 ? spot.at : spot.at + spot.character.length;
 }
 
+// A mark that is drawn in the place of its letter takes the letter's width over.
+void LineLayout::AppendUnits(char32_t code, int width, LinePiece& piece) const {
+  bool isMark = IsCombining(code);
+  auto letter =
+      std::ranges::find_if(piece.advances.rbegin(), piece.advances.rend(), [](int n) { return n != 0; });
+  if (isMark && letter != piece.advances.rend() && !widths_.ReachesBack(code))
+    width = std::exchange(*letter, 0);
+  AppendUtf16(DisplayedCode(code), piece.text);
+  piece.advances.push_back(width);
+  piece.advances.resize(piece.text.size(), 0);
+}
+
 std::vector<LinePiece> LineLayout::Pieces(Pixels left, Pixels right, const std::vector<BytePos>& cuts) const {
   std::vector<LinePiece> pieces;
   auto cut = cuts.begin();
@@ -160,10 +173,7 @@ std::vector<LinePiece> LineLayout::Pieces(Pixels left, Pixels right, const std::
     LinePiece& piece = pieces.back();
     piece.range.end = spot.at + spot.character.length;
     piece.width += spot.width;
-    if (isTab) continue;
-    AppendUtf16(DisplayedCode(code), piece.text);
-    piece.advances.push_back(spot.width);
-    piece.advances.resize(piece.text.size(), 0);
+    if (!isTab) AppendUnits(code, spot.width, piece);
   }
   return pieces;
 }

@@ -27,6 +27,10 @@ class CharWidths {
 
   // The width that all ASCII characters have, or 0 when they differ.
   virtual int CommonWidth() const = 0;
+
+  // Whether the ink of a combining mark lies left of where it is drawn: it is made to be drawn behind its
+  // letter then, and in the place of its letter otherwise.
+  virtual bool ReachesBack(char32_t mark) const = 0;
 };
 
 // Where tabs reach to: a stop every so many pixels, behind some explicit ones if need be.
@@ -38,7 +42,9 @@ struct TabStops {
   Pixels After(Pixels x) const;
 };
 
-// A stretch of a line to be drawn in one call: its characters and the width of each unit; a tab has none.
+// A stretch of a line to be drawn in one call: its characters and how far each unit moves the next one on; a
+// tab has none. Where marks stand upon a letter, the last unit that is drawn in its place has the letter's
+// width.
 struct LinePiece {
   TextRange range;
   Pixels x = 0;
@@ -109,6 +115,7 @@ class LineLayout {
   Spot Walk(BytePos until, Pixels x) const;
   Spot SpotAt(BytePos at, Pixels x) const;
   std::int32_t PlainRun(BytePos at, BytePos until) const;
+  void AppendUnits(char32_t code, int width, LinePiece& piece) const;
 
   const TextView& text_;
   TextRange line_;

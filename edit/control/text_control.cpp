@@ -1,6 +1,7 @@
 // The control as a window, and the one way in which its text and its selection change.
 #include "edit/control/text_control.h"
 
+#include "edit/control/character_count.h"
 #include "framework/handle.h"
 
 #include <algorithm>
@@ -97,12 +98,17 @@ void TextControl::Adopt(TextBuffer&& text) {
   top_ = LineNo(0);
   left_ = widest_ = 0;
   checkpoints_.Clear();
+  counts_.Clear();
   modified_ = false;
   column_.reset();
   selectionBeforeList_.reset();
   Invalidate();
   UpdateScrollBars();
   PlaceCaret();
+}
+
+std::int32_t TextControl::ColumnOf(BytePos at) const {
+  return CountCharacters(View(), buffer_.LineStart(buffer_.LineOf(at)), at, charset_, counts_);
 }
 
 TextRange TextControl::Selection() const {
@@ -123,6 +129,7 @@ bool TextControl::Change(TextRange range, Action action) {
     return false;
   }
   checkpoints_.Truncate(range.start);
+  counts_.Truncate(range.start);
   // Joining or parting a CR and an LF moves the boundary of the line before.
   line = std::min(line, buffer_.LineOf(range.start));
   bool isOneLine = buffer_.LineCount() == count && line == last && selected.Empty();
@@ -217,6 +224,9 @@ bool TextControl::UndoLast() {
 
 bool TextControl::Type(char32_t code) {
   if (readOnly_) return false;
+  std::u16string wide;
+  AppendUtf16(code, wide);
+  if (!MakeRoomFor(wide)) return false;
   return ReplaceSelection(code == U'\r' ? std::string("\r\n") : charset_.Encode(code), EditKind::kTyping);
 }
 

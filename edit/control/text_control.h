@@ -26,13 +26,23 @@ namespace tarrow {
 // The notification code that says that the caret may have moved.
 inline constexpr UINT kCaretMoved = 0x700;
 
-// What the owner of a control may do instead of it; each function returns whether it has.
+// What becomes of characters that the charset of a text lacks.
+enum class MissingCharacters {
+  kConvert,     // the text is converted to UTF-8
+  kSubstitute,  // "?" stands for each
+  kRefuse,      // nothing is inserted
+};
+
+// What the owner of a control may do instead of it; functions that return a bool say whether it has.
 class TextControlHooks {
  public:
   // A character was typed; '\r' is Enter.
   virtual bool OnCharacter(char32_t) { return false; }
   virtual bool OnKeyDown(UINT /*key*/, bool /*shift*/, bool /*control*/) { return false; }
   virtual bool OnDoubleClick(BytePos) { return false; }
+
+  // Asked before characters are inserted that the text's charset lacks.
+  virtual MissingCharacters OnMissingCharacters() { return MissingCharacters::kSubstitute; }
 
  protected:
   ~TextControlHooks() = default;
@@ -63,6 +73,9 @@ class TextControl final : public CWnd {
   TextRange Selection() const;
   BytePos Caret() const { return caret_; }
 
+  // How many characters of its line stand before a place.
+  std::int32_t ColumnOf(BytePos at) const;
+
   // Selects from `anchor` to `caret` and scrolls the caret into view. An empty selection is moved out of
   // characters and line ends; any other is taken as it is.
   void Select(BytePos anchor, BytePos caret);
@@ -87,6 +100,16 @@ class TextControl final : public CWnd {
   // Types a character as the keyboard does: over the selection, in the charset of the text; '\r' breaks the
   // line.
   bool Type(char32_t code);
+
+  // Inserts a text that is in the charset `from` over the selection, converted where that differs.
+  bool Insert(std::string_view text, const Charset& from);
+
+  // Sees to it that characters can be inserted: a text that is all ASCII becomes UTF-8, any other that lacks
+  // some of them is what the hooks say. False when they refuse, or memory ends.
+  bool MakeRoomFor(std::u16string_view wide);
+
+  // Makes a text in the code page UTF-8, the same characters selected as before, nothing to undo.
+  bool ConvertToUtf8();
 
   // False also when there is nothing to undo or the control is read-only. The text that comes back is
   // selected; after the undo of a list, what was selected before it.
@@ -246,7 +269,8 @@ class TextControl final : public CWnd {
   std::unique_ptr<FontWidths> font_;
   std::vector<int> tabUnits_;  // dialog units; empty: every eight columns
   TabStops tabs_;
-  mutable LayoutCheckpoints checkpoints_;
+  mutable LayoutCheckpoints checkpoints_;  // of the layout
+  mutable LayoutCheckpoints counts_;       // of the count of characters
   LineNo top_;
   Pixels left_ = 0;
   Pixels widest_ = 0;  // of the lines seen so far: what the horizontal bar spans
@@ -258,6 +282,7 @@ class TextControl final : public CWnd {
 
   std::optional<TextRange> drag_;  // what a drag keeps selected while the mouse is held
   int wheel_ = 0, wheelSideways_ = 0;
+  bool wordDeleted_ = false;  // by the key whose character is still to come
   char16_t highSurrogate_ = 0;
   std::string leadByte_;
 };

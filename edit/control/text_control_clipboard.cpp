@@ -29,6 +29,8 @@ bool TextControl::Paste() {
   if (readOnly_) return false;
   bool done = false;
   try {
+    // The question that this may ask must not find the clipboard open.
+    if (!charset_.IsUtf8() && !MakeRoomFor(ForeignTextFromClipboard(Handle(), charset_))) return false;
     std::optional<std::string> text = TextFromClipboard(Handle(), charset_);
     done = text && ReplaceSelection(*text);
   } catch (const CMemoryException&) {

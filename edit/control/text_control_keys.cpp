@@ -6,6 +6,8 @@
 
 #include <imm.h>
 
+#include <utility>
+
 namespace tarrow {
 namespace {
 
@@ -50,6 +52,7 @@ class InputContext {
 }  // namespace
 
 void TextControl::OnKeyDown(UINT key, LPARAM) {
+  wordDeleted_ = false;
   bool shift = IsDown(VK_SHIFT), control = IsDown(VK_CONTROL);
   bool taken = hooks_ && hooks_->OnKeyDown(key, shift, control);
   if (!taken)
@@ -116,6 +119,9 @@ bool TextControl::EditByKey(UINT key, bool shift, bool control) {
     control ? DeleteSelectionOr(buffer_.LineRange(buffer_.LineOf(caret_)).end) : void(Cut());
   } else if (key == VK_DELETE) {
     DeleteSelectionOr(control ? NextWord(view, caret_, charset_) : charset_.Next(view, caret_));
+  } else if (key == VK_BACK && control) {
+    DeleteSelectionOr(PreviousWord(view, caret_, charset_));
+    wordDeleted_ = true;
   } else if (key == VK_INSERT && shift) {
     Paste();
   } else if (key == VK_INSERT && control) {
@@ -170,7 +176,9 @@ LRESULT TextControl::OnUnichar(WPARAM code, LPARAM) {
   return TRUE;
 }
 
+// Ctrl+Backspace is taken as a key: what follows as its character is 0x7F, but a plain backspace under Wine.
 void TextControl::TakeCharacter(char32_t code) {
+  if (std::exchange(wordDeleted_, false) && (code == kBackspace || code == kDeleteWordBack)) return;
   if (hooks_ && hooks_->OnCharacter(code)) return;
   if (code < U' ' || code == kDeleteWordBack)
     TakeControlCharacter(code);

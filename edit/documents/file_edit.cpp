@@ -168,8 +168,9 @@ void CTwFileEdit::OnCaretMoved() {
   if (::IsIconic(Handle())) return Program().status.PublishCaret(0, 0);
   BytePos at = control_.Selection().end;
   LineNo line = control_.Buffer().LineOf(at);
-  Program().status.PublishCaret(static_cast<int>(line.value) + 1,
-                                static_cast<int>(at - control_.Buffer().LineStart(line)) + 1);
+  bool countsCharacters = control_.TextCharset().IsUtf8();
+  std::int32_t column = countsCharacters ? control_.ColumnOf(at) : at - control_.Buffer().LineStart(line);
+  Program().status.PublishCaret(static_cast<int>(line.value) + 1, column + 1);
 }
 
 void CTwFileEdit::ShowPlace(std::uint32_t line, std::uint32_t column) {

@@ -68,6 +68,7 @@ class CTwFileEdit : public CTwChild, protected EditingOwner {
   // EditingOwner:
   std::uint32_t EditFlags() const override { return Flags(); }
   void ChangeEditFlags(std::uint32_t flags) override;
+  const std::string& EditName() const override { return Path(); }
   void MarkClean() override { SetModified(false); }
   void Beep(UINT sound) override { Alert(sound); }
 

@@ -42,7 +42,7 @@ EditingCommands::EditingCommands(const DocumentServices& program, TextControl& c
 bool EditingCommands::Run(UINT id) {
   const EditingCommand* command = FindEditingCommand(id);
   if (!command) return false;
-  if (command->changesText && Has(kReadOnly)) {
+  if (command->changesText && IsReadOnly()) {
     owner_.Beep(MB_ICONEXCLAMATION);
     return true;
   }
@@ -64,6 +64,7 @@ CommandState EditingCommands::State(UINT id) const {
   const EditingCommand* command = FindEditingCommand(id);
   if (!command) return {false, false};
   bool enabled = CanEdit(*command, control_.Selection(), owner_.EditFlags());
+  if (command->changesText && control_.IsReadOnly()) enabled = false;
   if (id == kEditUndo) enabled = enabled && control_.CanUndo();
   if (id == kEditPaste) enabled = enabled && HasClipboardText();
   if (id == kSetClean) enabled = Has(kModified);
@@ -158,10 +159,14 @@ bool EditingCommands::AppendToClipboard() {
     owner_.Beep(MB_OK);
     return false;
   }
-  const Charset& charset = control_.TextCharset();
+  Charset own = control_.TextCharset(), charset = own;
+  if (!own.Holds(ForeignTextFromClipboard(control_.Handle(), own))) charset = Charset();
   std::string text = TextFromClipboard(control_.Handle(), charset).value_or(std::string());
   TextView selected = control_.View().Sub(selection);
-  text.append(selected.head).append(selected.tail);
+  if (charset == own)
+    text.append(selected.head).append(selected.tail);
+  else
+    text += own.Convert(selected, charset);
   return PutOnClipboard(control_.Handle(), TextView(text), charset);
 }
 

@@ -6,9 +6,13 @@
 // takes long.
 #pragma once
 
+#include "edit/commands/child_flags.h"
 #include "edit/commands/editing_command.h"
 #include "edit/control/text_control.h"
 #include "edit/documents/document_services.h"
+
+#include <optional>
+#include <string>
 
 namespace tarrow {
 
@@ -19,6 +23,9 @@ class EditingOwner {
 
   // Takes over the flags (child_flags.h) and shows them in the status bar.
   virtual void ChangeEditFlags(std::uint32_t flags) = 0;
+
+  // The name of the text, for questions about it.
+  virtual const std::string& EditName() const = 0;
 
   // The text counts as saved.
   virtual void MarkClean() = 0;
@@ -48,6 +55,7 @@ class EditingCommands final : public TextControlHooks {
   bool OnCharacter(char32_t code) override;
   bool OnKeyDown(UINT key, bool shift, bool control) override;
   bool OnDoubleClick(BytePos at) override;
+  MissingCharacters OnMissingCharacters() override;
 
  private:
   void Do(const EditingCommand& command);
@@ -66,12 +74,15 @@ class EditingCommands final : public TextControlHooks {
   void RememberPosition() { previousPosition_ = control_.Selection().end; }
 
   bool Has(std::uint32_t flag) const { return (owner_.EditFlags() & flag) != 0; }
+  // A message to the control, from wherever, makes it read-only too.
+  bool IsReadOnly() const { return Has(kReadOnly) || control_.IsReadOnly(); }
   IndentSettings Indent() const;
 
   const DocumentServices& program_;
   TextControl& control_;
   EditingOwner& owner_;
-  BytePos previousPosition_;  // where the caret was before the last long jump
+  std::optional<MissingCharacters> missing_;  // what the user wants of them, once asked
+  BytePos previousPosition_;                  // where the caret was before the last long jump
 };
 
 }  // namespace tarrow

@@ -184,7 +184,7 @@ void CTwFileEdit::OnMerge() {
   if (!path) return;
   WaitState wait(Program().waiting);
   std::optional<LoadedText> loaded = LoadFile(Program(), *path, kMaxTextSize - control_.Buffer().Size());
-  if (loaded) control_.ReplaceSelection(loaded->text.Contiguous());
+  if (loaded) control_.Insert(loaded->text.Contiguous(), Charset::Of(loaded->text.View()));
 }
 
 }  // namespace tarrow

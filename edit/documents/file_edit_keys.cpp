@@ -4,11 +4,12 @@
 #include "edit/commands/typing.h"
 #include "edit/commands/word_movement.h"
 #include "edit/documents/file_edit_commands.h"
+#include "ui/program/string_ids.h"
 
 namespace tarrow {
 
 bool EditingCommands::OnCharacter(char32_t code) {
-  if (Has(kReadOnly)) {
+  if (IsReadOnly()) {
     if (!IsRefusedWhenReadOnly(code)) return false;
     owner_.Beep(MB_ICONEXCLAMATION);
     return true;
@@ -24,12 +25,25 @@ bool EditingCommands::BreakLineIndented() {
 }
 
 bool EditingCommands::TypeOver(char32_t code) {
-  const Charset& charset = control_.TextCharset();
   TextRange selection = control_.Selection();
-  TextRange range = OvertypeRange(control_.View(), selection, code, charset);
-  if (range == selection) return false;
+  if (OvertypeRange(control_.View(), selection, code, control_.TextCharset()) == selection) return false;
+  std::u16string wide;
+  AppendUtf16(code, wide);
+  if (!control_.MakeRoomFor(wide)) return true;
+  const Charset& charset = control_.TextCharset();
+  TextRange range = OvertypeRange(control_.View(), control_.Selection(), code, charset);
   control_.Replace(range, charset.Encode(code), EditKind::kTyping);
   return true;
+}
+
+// One answer, other than to insert nothing, holds for as long as the window lives.
+MissingCharacters EditingCommands::OnMissingCharacters() {
+  if (missing_) return *missing_;
+  constexpr UINT kBox = MB_YESNOCANCEL | MB_ICONQUESTION;
+  int answer = host_.ShowMessageBox(nullptr, kBox, kTextConvertToUtf8, {owner_.EditName()});
+  if (answer != IDYES && answer != IDNO) return MissingCharacters::kRefuse;
+  missing_ = answer == IDYES ? MissingCharacters::kConvert : MissingCharacters::kSubstitute;
+  return *missing_;
 }
 
 bool EditingCommands::OnKeyDown(UINT key, bool shift, bool control) {

@@ -1,6 +1,7 @@
 #include "edit/files/save_disk.h"
 
 #include "base/path_text.h"
+#include "edit/files/temporary_name.h"
 #include "framework/directories.h"
 #include "framework/file.h"
 #include "framework/file_system.h"
@@ -95,7 +96,7 @@ SaveDisk::Target WindowsSaveDisk::Resolve(const std::string& path) {
 
 std::string WindowsSaveDisk::MakeTemporary(const std::string& path) {
   if (path.empty()) return MakeTempName();
-  return MakeTempNameIn(WithoutTrailingSeparators(DirectoryPart(path)));
+  return CreateUniqueFile([&](std::uint32_t number) { return TemporaryName(path, number); });
 }
 
 std::unique_ptr<DiskFile> WindowsSaveDisk::Open(const std::string& path, Access access) {

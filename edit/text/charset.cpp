@@ -184,6 +184,37 @@ std::string Charset::Encode(char32_t code) const {
   return bytes;
 }
 
+bool Charset::Holds(char32_t code) const {
+  if (code < 0x80) return true;
+  if (IsUtf8()) return code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF);
+  return page_->encode(code) != "?";
+}
+
+bool Charset::Holds(std::u16string_view wide) const {
+  bool holds = true;
+  ForEachCode(wide, [&](char32_t code) { holds = holds && Holds(code); });
+  return holds;
+}
+
+std::string Charset::Convert(const TextView& text, const Charset& to) const {
+  std::string bytes;
+  bytes.reserve(static_cast<std::size_t>(text.Size()));
+  for (BytePos at(0); at < text.End();) {
+    std::string_view plain = Rest(text, at);
+    plain = plain.substr(0, FindHighByte(plain));
+    bytes.append(plain);
+    at += static_cast<std::int64_t>(plain.size());
+    Character c = At(text, at);
+    if (c.length) bytes += to.Encode(c.code);
+    at += c.length;
+  }
+  return bytes;
+}
+
+bool IsAscii(const TextView& text) {
+  return FindHighByte(text.head) == text.head.size() && FindHighByte(text.tail) == text.tail.size();
+}
+
 void AppendUtf16(char32_t code, std::u16string& wide) {
   if (code < 0x10000) {
     wide += static_cast<char16_t>(code);

@@ -61,11 +61,23 @@ class Charset {
   // The bytes of one character.
   std::string Encode(char32_t code) const;
 
+  // Whether the charset has a character; whether it has all of a text.
+  bool Holds(char32_t code) const;
+  bool Holds(std::u16string_view wide) const;
+
+  // The bytes that `text`, which is in this charset, has in `to`.
+  std::string Convert(const TextView& text, const Charset& to) const;
+
+  friend bool operator==(const Charset&, const Charset&) = default;
+
  private:
   BytePos CharacterStart(const TextView& text, BytePos at) const;
 
   const CodePage* page_ = nullptr;
 };
+
+// Whether a text has no byte of 0x80 or above, and so is the same in every charset.
+bool IsAscii(const TextView& text);
 
 void AppendUtf16(char32_t code, std::u16string& wide);
 

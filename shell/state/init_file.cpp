@@ -40,7 +40,7 @@ std::string FindInitFile(FileLookup& files, std::string_view named, std::string_
   auto attributes = files.Attributes(kInitFileName);
   if (attributes && (*attributes & kNotOrdinary) == 0)
     if (auto file = files.FullPath(kInitFileName)) return *file;
-  return JoinPath(homeDirectory, kInitFileName);
+  return std::string(homeDirectory).append(kInitFileName);
 }
 
 }  // namespace tarrow

@@ -14,7 +14,8 @@ inline constexpr std::string_view kInitFileName = "tarrow.ini";
 
 // The directory of the program's files, ending in a backslash, from the full path of the program: its own
 // directory, or that one's parent when the path to it ends in "nt\". The letters count in lower case only,
-// and nothing before them is looked at ("d:\print\" gives "d:\pri"): the rule that installations rely on.
+// and nothing before them is looked at ("d:\print\" gives "d:\pri", and files like "d:\pritarrow.ini"): the
+// rule that installations rely on. The names of files are put right behind it.
 [[nodiscard]] std::string HomeDirectory(std::string_view programPath);
 
 // The full path of the initialisation file to use. `named` is what the command line gave, or empty: a file,

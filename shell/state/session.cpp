@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <limits>
 
 namespace tarrow {
 namespace {
@@ -30,6 +31,24 @@ SessionEntry ParseEntry(const std::string& value) {
   return {value.substr(0, comma), flags};
 }
 
+// The numbers at the front of `value`, at most `most`, with one comma between them. One that is too large is
+// as large as can be.
+std::vector<int> ParseNumbers(std::string_view value, std::size_t most) {
+  std::vector<int> numbers;
+  const char* end = value.data() + value.size();
+  for (const char* at = value.data(); at != end && numbers.size() < most; ++at) {
+    int number = 0;
+    auto [next, error] = std::from_chars(at, end, number);
+    if (error == std::errc::invalid_argument) break;
+    if (error == std::errc::result_out_of_range)
+      number = *at == '-' ? std::numeric_limits<int>::min() : std::numeric_limits<int>::max();
+    numbers.push_back(number);
+    at = next;
+    if (at == end || *at != ',') break;
+  }
+  return numbers;
+}
+
 }  // namespace
 
 std::vector<SessionEntry> ReadSession(const CProfileStore& store) {
@@ -51,22 +70,19 @@ void WriteSession(CProfileStore& store, const std::vector<SessionEntry>& entries
   if (number > 0) store.WriteNumber(kSessionSection, kCountKey, number, 10);
 }
 
-FramePlacement ParsePlacement(std::string_view value, int screenWidth, int screenHeight) {
-  int numbers[5] = {0, 0, 0, 0, 0};
-  int count = 0;
-  const char* end = value.data() + value.size();
-  for (const char* at = value.data(); at != end && count < 5;) {
-    auto [next, error] = std::from_chars(at, end, numbers[count]);
-    if (error != std::errc()) break;
-    ++count;
-    if (next == end || *next != ',') break;
-    at = next + 1;
-  }
-  FrameBounds bounds{std::max(numbers[0], 0), std::max(numbers[1], 0), std::min(numbers[2], screenWidth),
-                     std::min(numbers[3], screenHeight)};
+FramePlacement ParsePlacement(std::string_view value, const FrameBounds& usual, int screenWidth,
+                              int screenHeight) {
+  std::vector<int> numbers = ParseNumbers(value, 5);
+  if (numbers.empty()) return {};
+  auto given = [&](std::size_t i) { return i < numbers.size(); };
+  FrameBounds bounds = usual;
+  bounds.left = std::max(numbers[0], 0);
+  if (given(1)) bounds.top = std::max(numbers[1], 0);
+  if (given(2)) bounds.right = std::min(numbers[2], screenWidth);
+  if (given(3)) bounds.bottom = std::min(numbers[3], screenHeight);
   FramePlacement placement;
-  placement.maximised = numbers[4] != 0;
-  if (count >= 4 && bounds.right - bounds.left >= kLeastWidth && bounds.bottom - bounds.top >= kLeastHeight)
+  placement.maximised = given(4) && numbers[4] != 0;
+  if (bounds.right - bounds.left >= kLeastWidth && bounds.bottom - bounds.top >= kLeastHeight)
     placement.bounds = bounds;
   return placement;
 }

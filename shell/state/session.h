@@ -38,8 +38,10 @@ struct FramePlacement {
   bool maximised = false;
 };
 
-// Reads a placement, kept on a screen of the given size. One that leaves no sensible size gives none.
-[[nodiscard]] FramePlacement ParsePlacement(std::string_view value, int screenWidth, int screenHeight);
+// Reads a placement, kept on a screen of the given size. What the value lacks is that of `usual`; one that
+// leaves no sensible size gives none.
+[[nodiscard]] FramePlacement ParsePlacement(std::string_view value, const FrameBounds& usual, int screenWidth,
+                                            int screenHeight);
 
 enum class FrameState { kNormal, kMaximised, kMinimised };
 

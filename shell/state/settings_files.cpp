@@ -36,7 +36,7 @@ bool WindowsSettingsDisk::CanWrite(const std::string& path) {
     if (status)
       CFile(path, CFile::Mode::kUpdate, CFile::Share::kReadWrite).Close();
     else
-      RemoveFile(MakeTempNameIn(WithoutTrailingSeparators(DirectoryPart(path))));
+      RemoveFile(WindowsSaveDisk().MakeTemporary(path));
     return !status || (status->attributes & kAttributeReadOnly) == 0;
   } catch (const CFileException&) {
     return false;
@@ -53,9 +53,9 @@ bool WindowsSettingsDisk::Enter(const std::string& directory) {
 }
 
 void DiskSettingsFiles::SetGlobalFile(const std::string& path) {
-  std::string beside = JoinPath(HomeDirectory(ProgramPath()), kInitFileName);
+  std::string beside = HomeDirectory(ProgramPath()).append(kInitFileName);
   std::string folder = ApplicationDataDirectory();
-  bool mayMove = EqualIgnoringCase(path, beside) && !folder.empty();
+  bool mayMove = !folder.empty() && (EqualIgnoringCase(path, beside) || IsDirectory(path));
   SettingsLocation::SetGlobalFile(
       path, mayMove ? JoinPath(JoinPath(folder, kUserFolder), kInitFileName) : std::string());
 }

@@ -20,8 +20,8 @@ class DiskSettingsFiles final : public SettingsLocation {
  public:
   DiskSettingsFiles() : SettingsLocation(disk_) {}
 
-  // The global file. When it is the one beside the program, a file in the user's folder for the settings of
-  // programs stands in for it where it cannot be written.
+  // The global file. When it is the one beside the program, or a directory, a file in the user's folder for
+  // the settings of programs stands in for it where it cannot be written.
   void SetGlobalFile(const std::string& path);
 
  private:

@@ -102,9 +102,21 @@ TEST(FileSystem, WorkingDirectoryAndTemporaryNames) {
     EXPECT_TRUE(FileExists(name));
     RemoveFile(name);
   }
-  EXPECT_TRUE(MakeTempNameIn(scratch.Path()).starts_with(scratch.Path() + "\\"));
   EXPECT_TRUE(FileExists(ProgramPath()));
   EXPECT_TRUE(ApplicationDataDirectory().ends_with("\\"));
+}
+
+TEST(FileSystem, AUniqueFileIsCreatedOrTheFailureTold) {
+  ScratchDirectory scratch;
+  scratch.Make("taken", "old");
+  int asked = 0;
+  std::string path =
+      CreateUniqueFile([&](std::uint32_t) { return scratch / (++asked < 3 ? "taken" : "free"); });
+  EXPECT_EQ(path, scratch / "free");
+  EXPECT_EQ(asked, 3);
+  EXPECT_EQ(ReadWholeFile(path), "");
+  EXPECT_EQ(ReadWholeFile(scratch / "taken"), "old");
+  EXPECT_THROW((void)CreateUniqueFile([&](std::uint32_t) { return scratch / "none\\x"; }), CFileException);
 }
 
 }  // namespace

@@ -11,7 +11,9 @@ WM_QUERYENDSESSION, WM_ENDSESSION = 0x11, 0x16
 
 
 class FullDisk(Scenario):
-    """A small disk of its own, on which a file can be filled up."""
+    """A small disk of its own, which can be filled up, with bytes or with files."""
+
+    inodes = 100
 
     def setUp(self):
         super().setUp()
@@ -19,7 +21,7 @@ class FullDisk(Scenario):
             self.skipTest("only root can mount a small disk")
         self.disk = self.folder / "disk"
         self.disk.mkdir()
-        subprocess.run(["mount", "-t", "tmpfs", "-o", "size=256k", "tmpfs", self.disk], check=True)
+        subprocess.run(["mount", "-t", "tmpfs", "-o", f"size=256k,nr_inodes={self.inodes}", "tmpfs", self.disk], check=True)
         self.addCleanup(subprocess.run, ["umount", "-l", self.disk], check=True)
 
     def test_the_old_file_survives(self):
@@ -38,6 +40,19 @@ class FullDisk(Scenario):
         program.wait_focus_back()
         program.save()
         self.wait_content(path, b"new " + old)
+        self.wait_files(["a.txt"], self.disk)
+
+
+    def test_a_directory_that_takes_no_new_file(self):
+        path = self.write("disk/a.txt", b"old\r\n")
+        free = int(subprocess.check_output(["stat", "-f", "-c", "%d", self.disk]))
+        subprocess.run(["mount", "-o", f"remount,nr_inodes={self.inodes - free}", self.disk], check=True)
+        self.assertRaises(OSError, (self.disk / "b.txt").write_bytes, b"")
+        program = self.start("disk/a.txt")
+        program.wait_file(path)
+        self.stage.type("new ")
+        program.save()
+        self.wait_content(path, b"new old\r\n")
         self.wait_files(["a.txt"], self.disk)
 
 

@@ -281,3 +281,56 @@ class PasteFile(Scenario):
         self.stage.keys("Ctrl+z")
         program.save()
         self.wait_content(path, b"one\r\nfour\r\n")
+
+
+class Charsets(Scenario):
+    """Characters that a text's character set lacks."""
+
+    def test_typed_into_an_ansi_text(self):
+        for answer, after in [("Yes", "caféЖ\r\n".encode()), ("No", b"?caf\xe9\r\n")]:
+            with self.case(answer):
+                program, path = self.open(f"{answer}.txt", b"caf\xe9\r\n")
+                if answer == "Yes":
+                    self.stage.keys("End")
+                self.stage.set_clipboard("Ж")
+                self.stage.keys("Ctrl+v")
+                program.answer("Convert the text to UTF-8?", answer)
+                program.wait_focus_back()
+                program.save()
+                self.wait_content(path, after)
+
+    def test_a_file_is_pasted_as_characters(self):
+        other = self.write("other.txt", b"caf\xe9\r\n")
+        program, path = self.open("a.txt", "Ж\r\n".encode())
+        program.command("Edit:Merge")
+        program.fill_file_dialog(other)
+        program.wait_focus_back()
+        merged = "café\r\nЖ\r\n".encode()
+        program.wait_text(merged.decode("cp1252"))  # its bytes, as another program reads them
+        program.save()
+        self.wait_content(path, merged)
+
+
+class NamesThatDifferInCase(Scenario):
+    """On a disk that tells them apart, each is opened and saved by itself."""
+
+    def test_both_are_edited(self):
+        lower, upper = self.write("a.txt", b"lower\r\n"), self.write("A.txt", b"upper\r\n")
+        program = self.start("A.txt")
+        title = shown_path(upper)[:-len("A.txt")] + "A.txt"
+        program.wait_title(title)
+        self.stage.type("1")
+        program.save()
+        self.wait_content(upper, b"1upper\r\n")
+        self.assertEqual(lower.read_bytes(), b"lower\r\n")
+
+        program.command("File:Open")
+        program.fill_file_dialog(lower)
+        program.wait_title(shown_path(lower))
+        self.stage.type("2")
+        program.save()
+        self.wait_content(lower, b"2lower\r\n")
+        self.assertEqual(upper.read_bytes(), b"1upper\r\n")
+        self.assertEqual(program.close_and_end(), 0)
+        program = self.start()
+        program.wait_titles([title, shown_path(lower)])

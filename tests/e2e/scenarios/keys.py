@@ -3,14 +3,13 @@
 from tarrow import Scenario
 
 
-
-
 class EditingKeys(Scenario):
     """What each sequence of keys makes of a text; the caret begins at its start."""
 
     CASES = [
         ("overtype", b"abc\r\n", ["Insert", "x", "y"], b"xyc\r\n"),
         ("delete and backspace", b"abc\r\n", ["Delete", "End", "Backspace"], b"b\r\n"),
+        ("a word backwards", b"one two three\r\n", ["End", "Ctrl+Backspace", "Ctrl+Backspace", "x"], b"one x\r\n"),
         ("upper case of one character", b"abc\r\n", ["Ctrl+u", "Ctrl+u"], b"ABc\r\n"),
         ("lower case of a selection", b"ABC\r\n", ["Shift+End", "Ctrl+l"], b"abc\r\n"),
         ("transpose", b"abc\r\n", ["Right", "Ctrl+t"], b"bac\r\n"),

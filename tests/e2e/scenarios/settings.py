@@ -141,6 +141,14 @@ class Placement(Scenario):
         self.assertEqual(program.close_and_end(), 0)
         self.assertEqual(self.read_settings()["settings"]["window"], "100,120,900,700,0")
 
+    def test_what_is_not_given_is_where_the_system_puts_it(self):
+        self.write_settings(Window="")
+        program = self.start()
+        _, _, right, bottom = program.main().facts["rect"]
+        program.close_and_end()
+        self.write_settings(Window="30,40")
+        self.assertEqual(self.start().main().facts["rect"], [30, 40, right, bottom])
+
     def test_a_frame_off_the_screen_comes_back(self):
         self.write_settings(Window="5000,5000,5600,5400,0")
         left, top, right, bottom = self.start().main().facts["rect"]

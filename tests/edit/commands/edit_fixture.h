@@ -47,6 +47,7 @@ class EditFixture : public CWnd, public EditingOwner {
 
   std::uint32_t EditFlags() const override { return flags; }
   void ChangeEditFlags(std::uint32_t changed) override { flags = changed; }
+  const std::string& EditName() const override { return name; }
   void MarkClean() override { flags &= ~std::uint32_t{kModified}; }
   void Beep(UINT sound) override { program_.messages.alerts.push_back(sound); }
 
@@ -63,6 +64,7 @@ class EditFixture : public CWnd, public EditingOwner {
 
  public:
   std::uint32_t flags = 0;
+  std::string name = "c:\\dir\\a.txt";
   TextControl control;
   EditingCommands commands{program_.services, control, *this};
 };

@@ -15,6 +15,7 @@ class FakeWidths final : public CharWidths {
     return isFixed_ ? 7 : 3 + static_cast<int>(code % 5);
   }
   int CommonWidth() const override { return isFixed_ ? 7 : 0; }
+  bool ReachesBack(char32_t mark) const override { return mark == U'\u0308'; }
 
   mutable int asked = 0;
 
@@ -112,8 +113,18 @@ TEST(LineLayout, CutsWhatIsDrawnAtTabsAndWhereAskedTo) {
 TEST(LineLayout, KeepsMarksWithTheirCharacterAndOrderAsInTheText) {
   Fixture f("e\xCC\x81x\xD7\xA9\xD7\x9Cy");  // e and an acute accent, x, two Hebrew letters, y
   EXPECT_EQ(Shown(f.Layout().Pieces(0, 200, {})), "0:e\xCC\x81x 14:\xD7\xA9 26:\xD7\x9C 38:y ");
-  auto advances = f.Layout().Pieces(0, 200, {})[0].advances;
-  EXPECT_EQ(advances, (std::vector<int>{7, 0, 7}));
+}
+
+// A mark stands in the place of its letter, or behind it where the font has made it to reach back.
+TEST(LineLayout, DrawsMarksOverTheirLetter) {
+  auto advances = [](std::string text) {
+    return Fixture(std::move(text)).Layout().Pieces(0, 200, {})[0].advances;
+  };
+  EXPECT_EQ(advances("e\xCC\x81x"), (std::vector<int>{0, 7, 7}));
+  EXPECT_EQ(advances("e\xCC\x81\xCC\xA3x"), (std::vector<int>{0, 0, 7, 7}));
+  EXPECT_EQ(advances("e\xCC\x88x"), (std::vector<int>{7, 0, 7}));
+  EXPECT_EQ(advances("e\xCC\x88\xCC\x81x"), (std::vector<int>{0, 0, 7, 7}));
+  EXPECT_EQ(advances("\xF0\x9F\x98\x80\xCC\x81x"), (std::vector<int>{0, 0, 12, 7}));
 }
 
 TEST(LineLayout, ACharacterOfTwoUnitsAdvancesOnce) {

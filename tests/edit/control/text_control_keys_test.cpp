@@ -55,6 +55,9 @@ TEST(TextControlKeys, MoveSelectAndDelete) {
       {"abc|", VK_DELETE, false, false, "abc|"},
       {"a[bc]d", VK_DELETE, false, false, "a|d"},
       {"|one two", VK_DELETE, false, true, "|two"},
+      {"one two|", VK_BACK, false, true, "one |"},
+      {"one [two]", VK_BACK, false, true, "one |"},
+      {"|one", VK_BACK, false, true, "|one"},
   };
   ControlHost host;
   for (const KeyCase& c : kCases) {
@@ -108,6 +111,119 @@ TEST(TextControlKeys, TypesCharactersOfAnyLanguage) {
   }
 }
 
+// What a hook answers, and how often it was asked.
+struct MissingHooks final : TextControlHooks {
+  explicit MissingHooks(MissingCharacters what) : answer(what) {}
+  MissingCharacters OnMissingCharacters() override {
+    ++asked;
+    return answer;
+  }
+  MissingCharacters answer;
+  int asked = 0;
+};
+
+struct MissingCase {
+  const char* before;
+  MissingCharacters answer;
+  const char* after;
+  int asked;
+};
+
+// A Cyrillic letter, typed, pasted and merged.
+TEST(TextControlCharset, WhatBecomesOfACharacterThatTheTextLacks) {
+  const MissingCase kCases[] = {
+      {"caf\xE9| z", MissingCharacters::kConvert, "caf\xC3\xA9\xD0\x96| z", 1},
+      {"caf\xE9| z", MissingCharacters::kSubstitute, "caf\xE9?| z", 1},
+      {"caf\xE9| z", MissingCharacters::kRefuse, "caf\xE9| z", 1},
+      {"\x80\xE9[\xE9]\r\n\xE9", MissingCharacters::kConvert, "\xE2\x82\xAC\xC3\xA9\xD0\x96|\r\n\xC3\xA9", 1},
+      {"[caf\xE9]", MissingCharacters::kRefuse, "[caf\xE9]", 1},
+      {"cafe| z", MissingCharacters::kRefuse, "cafe\xD0\x96| z", 0},
+      {"caf\xC3\xA9| z", MissingCharacters::kRefuse, "caf\xC3\xA9\xD0\x96| z", 0},
+  };
+  void (*const kWays[])(ControlHost&) = {
+      [](ControlHost& host) { host.Type(u"\u0416"); },
+      [](ControlHost& host) {
+        ASSERT_TRUE(PutOnClipboard(host.Handle(), TextView("\xD0\x96"), Charset()));
+        host.control.Paste();
+      },
+      [](ControlHost& host) { host.control.Insert("\xD0\x96", Charset()); },
+  };
+  for (auto way : kWays) {
+    for (const MissingCase& c : kCases) {
+      ControlHost host;
+      MissingHooks hooks(c.answer);
+      Show(host, c.before);
+      host.control.SetHooks(&hooks);
+      way(host);
+      EXPECT_EQ(host.Shown(), c.after) << c.before;
+      EXPECT_EQ(hooks.asked, c.asked) << c.before;
+      host.control.SetHooks(nullptr);
+    }
+  }
+}
+
+TEST(TextControlCharset, AnAnsiTextThatHasBecomeAsciiIsAskedNothing) {
+  ControlHost host;
+  MissingHooks hooks(MissingCharacters::kRefuse);
+  Show(host, "caf[\xE9]");
+  host.control.SetHooks(&hooks);
+  host.Type(u"e\u0416\u00E9");
+  EXPECT_EQ(host.Shown(), "cafe\xD0\x96\xC3\xA9|");
+  EXPECT_EQ(hooks.asked, 0);
+  host.control.SetHooks(nullptr);
+}
+
+TEST(TextControlCharset, ConvertingKeepsViewAndSelection) {
+  ControlHost host;
+  std::string text;
+  for (int i = 0; i < 100; ++i) text += "caf\xE9 \x80\r\n";
+  host.SetText(text);
+  host.control.Select(BytePos(8 * 60 + 4), BytePos(8 * 50));
+  host.control.ScrollBy(0, 5);
+  LineNo top = host.control.TopLine();
+  EXPECT_TRUE(host.control.ConvertToUtf8());
+  EXPECT_EQ(host.control.TopLine(), top);
+  EXPECT_EQ(host.control.Selection(), (TextRange{BytePos(11 * 50), BytePos(11 * 60 + 5)}));
+  EXPECT_EQ(host.control.Caret(), BytePos(11 * 50));
+  EXPECT_EQ(Charset().ToWide(host.control.View()), Charset(WesternCodePage()).ToWide(TextView(text)));
+  EXPECT_TRUE(host.control.IsModified());
+  EXPECT_FALSE(host.control.CanUndo());
+  EXPECT_EQ(host.notified[EN_CHANGE], 1);
+  EXPECT_TRUE(host.control.ConvertToUtf8());
+  EXPECT_EQ(host.notified[EN_CHANGE], 1);
+}
+
+TEST(TextControlCharset, AnAnsiTextIsInsertedIntoAUtf8OneAsCharacters) {
+  ControlHost host;
+  Show(host, "\xD0\x96|");
+  host.control.Insert("caf\xE9", Charset(WesternCodePage()));
+  EXPECT_EQ(host.Shown(),
+            "\xD0\x96"
+            "caf\xC3\xA9|");
+  Show(host, "caf\xE9|");
+  host.control.Insert("\xC3\xA9", Charset());
+  EXPECT_EQ(host.Shown(), "caf\xE9\xE9|");
+}
+
+// Its character is another one under Wine than elsewhere, and must not delete once more.
+TEST(TextControlKeys, ControlAndBackspaceDeletesOneWord) {
+  for (char16_t character : {u'\x7F', u'\b'}) {
+    ControlHost host;
+    Show(host, "one two three|");
+    for (int times = 0; times < 2; ++times) {
+      host.Press(VK_BACK, false, true);
+      host.Type({&character, 1});
+    }
+    EXPECT_EQ(host.Shown(), "one |");
+    host.Press(VK_BACK);
+    host.Type(u"\b");
+    EXPECT_EQ(host.Shown(), "one|");
+    host.control.SetReadOnly(true);
+    host.Press(VK_BACK, false, true);
+    EXPECT_EQ(host.Shown(), "one|");
+  }
+}
+
 TEST(TextControlKeys, TakesCharactersThatWereSentInsteadOfTyped) {
   ControlHost host;
   host.SetText("");
@@ -140,6 +256,17 @@ TEST(TextControlKeys, UndoOfAListRestoresTheSelectionBeforeIt) {
   EXPECT_EQ(host.Shown(), "[one\r\ntwo\r\n]three");
   EXPECT_TRUE(host.control.UndoLast());
   EXPECT_EQ(host.Shown(), "[\tone\r\n\ttwo\r\n]three");
+}
+
+TEST(TextControlKeys, ColumnsCountCharacters) {
+  ControlHost host;
+  host.SetText("x\r\n\xC3\xA9\xD0\x96");
+  host.control.Select(BytePos(7), BytePos(7));
+  EXPECT_EQ(host.control.ColumnOf(BytePos(7)), 2);
+  host.Type(u"\u0416a\b");
+  EXPECT_EQ(host.control.ColumnOf(host.control.Caret()), 3);
+  host.SetText("caf\xE9");
+  EXPECT_EQ(host.control.ColumnOf(BytePos(4)), 4);
 }
 
 TEST(TextControlKeys, NeverPutsTheCaretInsideACharacterOrALineEnd) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <random>
+#include <utility>
 #include <vector>
 
 namespace tarrow {
@@ -79,6 +80,29 @@ TEST(TextControlPaint, ShowsTextAndSelection) {
   host.control.Select(BytePos(0), BytePos(4));
   host.control.Clear();
   EXPECT_EQ(empty, host.Drawn());
+}
+
+// The first and the last column of pixels in which two pictures of a control differ.
+std::pair<LONG, LONG> ColumnsThatDiffer(const Picture& a, const Picture& b, LONG width) {
+  std::pair<LONG, LONG> columns{width, -1};
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    if (a[i] == b[i]) continue;
+    LONG column = static_cast<LONG>(i) % width;
+    columns = {std::min(columns.first, column), std::max(columns.second, column)};
+  }
+  return columns;
+}
+
+TEST(TextControlPaint, AMarkIsDrawnOverItsLetter) {
+  PaintedHost host;
+  host.SetText("axe z");
+  Picture plain = host.Drawn();
+  host.SetText("axe\xCC\x81 z");
+  Picture marked = host.Drawn();
+  auto [first, last] = ColumnsThatDiffer(plain, marked, host.control.ClientRect().right);
+  EXPECT_LE(first, last) << "the mark is not drawn at all";
+  EXPECT_GE(first, host.control.PointOf(BytePos(2)).x);
+  EXPECT_LT(last, host.control.PointOf(BytePos(3)).x);
 }
 
 BytePos SomePlace(const ControlHost& host, std::mt19937& random) {

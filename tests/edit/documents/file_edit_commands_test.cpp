@@ -91,6 +91,51 @@ TEST_F(EditingCommandsTest, RefusesChangesOfAReadOnlyWindow) {
   }
 }
 
+TEST_F(EditingCommandsTest, RefusesChangesOfAControlThatIsReadOnlyByAMessage) {
+  edit_.flags = kAlignLines | kOvertype;
+  edit_.SetMarked("\tab‸cd ef");
+  edit_.control.Send(EM_SETREADONLY, TRUE);
+  for (const char16_t* typed : {u"\r", u"x", u"\t", u"\b", u"\x7F"}) edit_.Type(typed);
+  edit_.Press(VK_DELETE);
+  for (UINT command : {kEditShiftRight, kEditUpper, kEditTranspose, kEditPaste}) {
+    EXPECT_TRUE(edit_.commands.Run(command));
+    EXPECT_FALSE(edit_.commands.State(command).enabled) << command;
+  }
+  EXPECT_EQ(edit_.Marked(), "\tab‸cd ef");
+}
+
+// One answer holds for the window; no answer is asked for again.
+TEST_F(EditingCommandsTest, AsksOnceWhatBecomesOfMissingCharacters) {
+  for (std::uint32_t flags : {std::uint32_t{0}, std::uint32_t{kOvertype}}) {
+    EditFixture edit(host_);
+    edit.flags = flags;
+    host_.boxes.clear();
+    host_.answer = IDCANCEL;
+    edit.SetMarked({"caf\xE9x", {BytePos(4), BytePos(4)}});
+    edit.Type(u"\u0416");
+    EXPECT_EQ(edit.control.View().Copy(), "caf\xE9x");
+    host_.answer = IDNO;
+    edit.Type(u"\u0416\u0416");
+    EXPECT_EQ(edit.control.View().Copy(), flags ? "caf\xE9??" : "caf\xE9??x");
+    EXPECT_EQ(host_.boxes, (std::vector<int>{kTextConvertToUtf8, kTextConvertToUtf8}));
+    EXPECT_EQ(host_.subjects.back(), edit.name);
+  }
+  host_.answer = IDYES;
+  edit_.flags = kOvertype;
+  edit_.SetMarked({"caf\xE9x", {BytePos(4), BytePos(4)}});
+  edit_.Type(u"\u0416");
+  EXPECT_EQ(edit_.control.View().Copy(), "café\xD0\x96");
+}
+
+TEST_F(EditingCommandsTest, AppendsWhatAnotherCharsetLacks) {
+  ASSERT_TRUE(PutOnClipboard(edit_.Handle(), TextView("\xD0\x96"), Charset()));
+  edit_.SetMarked({"caf\xE9", {BytePos(0), BytePos(4)}});
+  EXPECT_TRUE(edit_.commands.Run(kEditCopyAppend));
+  EXPECT_EQ(TextFromClipboard(edit_.Handle(), Charset()),
+            "\xD0\x96"
+            "café");
+}
+
 TEST_F(EditingCommandsTest, AppendsToTheClipboardAndCuts) {
   ASSERT_TRUE(PutOnClipboard(edit_.Handle(), TextView("one "), Charset()));
   EXPECT_EQ(Run(kEditCopyAppend, "«twoé» three"), "«twoé» three");

@@ -2,6 +2,7 @@
 #include "edit/files/save_disk.h"
 
 #include "base/path_text.h"
+#include "edit/files/temporary_name.h"
 #include "framework/unicode.h"
 #include "tests/framework/scratch_directory.h"
 
@@ -136,6 +137,31 @@ TEST_P(SaveDiskTest, NameOutsideTheCodePageAndLargeText) {
   EXPECT_TRUE(ReadWholeFile(path) == large);
   Save(path, "small again");
   EXPECT_EQ(ReadWholeFile(path), "small again");
+}
+
+// A directory whose path leaves no room for the name of a temporary file takes none.
+TEST_P(SaveDiskTest, DirectoryThatTakesNoNewFile) {
+  std::string directory = scratch.Path();
+  while (directory.size() < 256 - 100) MakeDirectory(directory += "\\" + std::string(50, 'd'));
+  MakeDirectory(directory += "\\" + std::string(256 - directory.size() - 1, 'e'));
+  std::string path = directory + "\\f";
+  CFile(path, CFile::Mode::kCreateNew, CFile::Share::kNothing).Close();
+  for (const char* text : {"text", "longer text", ""}) {
+    Save(path, text);
+    EXPECT_EQ(ReadWholeFile(path), text);
+  }
+  EXPECT_EQ(CauseOfSaving(directory + "\\new name"), FileCause::kBadPath);
+  EXPECT_EQ(FindFiles(directory + "\\*").size(), 3u);
+}
+
+TEST_P(SaveDiskTest, TemporaryFileSaysWhoseItIs) {
+  WindowsSaveDisk disk(GetParam());
+  std::string path = scratch.Make("Main.c", "old");
+  std::string one = disk.MakeTemporary(path), other = disk.MakeTemporary(path);
+  EXPECT_NE(one, other);
+  EXPECT_EQ(TargetOfTemporary(one), path);
+  EXPECT_EQ(TargetOfTemporary(other), path);
+  EXPECT_EQ(FileCount(), 3u);
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryWay, SaveDiskTest,

@@ -114,6 +114,45 @@ TEST(Charset, ConvertsToUtf16AndBack) {
             "b\xEF\xBF\xBD");
 }
 
+TEST(Charset, KnowsWhatItHolds) {
+  const Charset kUtf8, kWestern(WesternCodePage());
+  for (char32_t code : {U'?', U'a', U'\u00E9', U'\u20AC', U'\u0152'})
+    EXPECT_TRUE(kWestern.Holds(code)) << static_cast<unsigned>(code);
+  for (char32_t code : {U'\u0416', U'\u65E5', U'\U0001F600', U'\uFFFD'}) {
+    EXPECT_FALSE(kWestern.Holds(code)) << static_cast<unsigned>(code);
+    EXPECT_TRUE(kUtf8.Holds(code)) << static_cast<unsigned>(code);
+  }
+  EXPECT_FALSE(kUtf8.Holds(char32_t{0xD800}));
+  EXPECT_TRUE(kWestern.Holds(u"caf\u00E9?"));
+  EXPECT_FALSE(kWestern.Holds(u"caf\u00E9 \u0416"));
+  EXPECT_TRUE(kUtf8.Holds(u"\u0416 \U0001F600"));
+}
+
+// By way of UTF-16 or at once, for any bytes and any place of the gap.
+TEST(Charset, ConvertsFromOneToAnother) {
+  std::mt19937 random(17);
+  static const std::string kBytes = "a?\r\n\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80\xFF\x81@";
+  const Charset kAll[] = {Charset(), Charset(WesternCodePage()), Charset(PairPage())};
+  for (int round = 0; round < 2000; ++round) {
+    std::string bytes(random() % 12, ' ');
+    for (char& c : bytes) c = kBytes[random() % kBytes.size()];
+    std::size_t cut = random() % (bytes.size() + 1);
+    TextView text(std::string_view(bytes).substr(0, cut), std::string_view(bytes).substr(cut));
+    for (const Charset& from : kAll)
+      for (const Charset& to : kAll)
+        ASSERT_EQ(from.Convert(text, to), to.FromWide(from.ToWide(text))) << bytes;
+  }
+  EXPECT_EQ(Charset(WesternCodePage()).Convert(TextView("caf\xE9 \x80"), Charset()),
+            "caf\xC3\xA9 \xE2\x82\xAC");
+}
+
+TEST(Charset, AsciiIsTheSameInAll) {
+  EXPECT_TRUE(IsAscii(TextView("")));
+  EXPECT_TRUE(IsAscii({"plain", std::string_view("\0\x7F", 2)}));
+  EXPECT_FALSE(IsAscii({"plain", "\x80"}));
+  EXPECT_FALSE(IsAscii({"caf\xE9", "plain"}));
+}
+
 TEST(Charset, EveryCodeComesBack) {
   const Charset kUtf8;
   for (char32_t code = 0; code <= 0x10FFFF; code += code < 0x3000 ? 1 : 97) {

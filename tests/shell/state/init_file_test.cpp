@@ -36,6 +36,10 @@ TEST_F(InitFileTest, Named) {
   EXPECT_EQ(Find("missing.ini"), "c:\\home\\tarrow.ini");
 }
 
+TEST_F(InitFileTest, AHomeWithoutABackslashIsTheBeginningOfAName) {
+  EXPECT_EQ(FindInitFile(disk, "", HomeDirectory("D:\\print\\tarrow.exe")), "D:\\pritarrow.ini");
+}
+
 TEST_F(InitFileTest, CurrentDirectoryOrHome) {
   EXPECT_EQ(Find(""), "c:\\home\\tarrow.ini");
   const struct {

@@ -229,13 +229,17 @@ TEST(Session, PlacesTheFrameOnTheScreen) {
        std::initializer_list<Case>{{"-5,-5,99999,99999,1", FrameBounds{0, 0, 1280, 1024}, true},
                                    {"10,20,700,500,0", FrameBounds{10, 20, 700, 500}, false},
                                    {"10,20,700,500", FrameBounds{10, 20, 700, 500}, false},
-                                   {"10,20", {}, false},
+                                   {"30,40", FrameBounds{30, 40, 900, 800}, false},
+                                   {"30", FrameBounds{30, 60, 900, 800}, false},
+                                   {"30,40,700", FrameBounds{30, 40, 700, 800}, false},
+                                   {"30,40,", FrameBounds{30, 40, 900, 800}, false},
+                                   {"850,40", {}, false},
                                    {"2000,20,2800,500,1", {}, true},
                                    {"10,20,12,500,0", {}, false},
                                    {"", {}, false},
                                    {"a,b,c,d,e", {}, false},
-                                   {"1,2,99999999999,700,1", {}, false}}) {
-    FramePlacement placement = ParsePlacement(c.value, 1280, 1024);
+                                   {"1,2,99999999999,700,1", FrameBounds{1, 2, 1280, 700}, true}}) {
+    FramePlacement placement = ParsePlacement(c.value, {50, 60, 900, 800}, 1280, 1024);
     EXPECT_EQ(c.bounds, placement.bounds) << c.value;
     EXPECT_EQ(c.maximised, placement.maximised) << c.value;
   }
