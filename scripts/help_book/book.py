@@ -70,9 +70,9 @@ class Book:
         groups = {}
         for environment, preset in zip(self.sources.environments, presets):
             groups.setdefault(preset, []).append(environment)
-        shown = "; ".join(f"{', '.join(names)}: " + (f"<code>{escape(preset)}</code>" if preset else "empty")
-                          for preset, names in groups.items()) if any(presets) else "empty everywhere"
-        return f'<h4 id="option-{name}"><code>{name}</code></h4>\n<p class="prompt">Preset: {shown}</p>'
+        shown = "<br>".join(f"{', '.join(names)}: " + (f"<code>{escape(preset)}</code>" if preset else "empty")
+                            for preset, names in groups.items()) if any(presets) else "Empty everywhere"
+        return f'<h4 id="option-{name}"><code>{name}</code></h4>\n<p class="prompt">{shown}</p>'
 
     def setting_entry(self, argument):
         section, _, key = argument.partition(" ")

@@ -53,7 +53,8 @@ class Renderer:
     def __init__(self, book, name, text):
         self.book, self.name = book, name
         self.lines = text.splitlines()
-        self.at = 0
+        self.at = 0  # the line that comes next
+        self.block_at = 0  # the line where the present block began
         self.entry_open = False
         self.out = []
 
@@ -64,11 +65,12 @@ class Renderer:
         return "\n".join(self.out) + "\n"
 
     def fail(self, what):
-        raise MarkupError(f"{self.name}:{self.at + 1}: {what}")
+        raise MarkupError(f"{self.name}:{self.block_at + 1}: {what}")
 
     # Blocks.
 
     def block(self):
+        self.block_at = self.at
         line = self.lines[self.at]
         if not line.strip():
             self.at += 1

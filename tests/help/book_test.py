@@ -13,7 +13,9 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "scripts"))
 
 import build_help
-from help_book.tables import Sources
+from help_book.book import Book
+from help_book.markup import MarkupError, Renderer
+from help_book.tables import MissingTable, Sources
 from house.tree import PROGRAM
 
 VOID = {"meta", "input", "br", "link", "img", "hr"}
@@ -146,6 +148,16 @@ class HelpBook(unittest.TestCase):
         for planted in ("<p><b>a</p>", "<p>a & b</p>", '<p id="a"></p><p id="a"></p>', "<div>"):
             with self.subTest(planted=planted):
                 self.assertTrue(Page(planted).faults)
+
+    def test_faults_of_a_chapter_are_told_with_their_place(self):
+        for planted in ("@command File:Lost", "@lost word", "[[File:Lost]]", "{{File:Lost}}", "@option Lost",
+                        "@message 1", "| a | b |\n| c |", "```\nno end", "#no title"):
+            with self.subTest(planted=planted), self.assertRaisesRegex(MarkupError, r"^a\.md:2: "):
+                Renderer(Book(SOURCES), "a.md", f"\n{planted}\n").render()
+
+    def test_a_table_that_is_not_there_is_told(self):
+        with self.assertRaises(MissingTable):
+            Sources(ROOT / "tests").commands
 
     def test_no_markup_is_left_over(self):
         body = self.text[self.text.index("<main"):self.text.index("</main>")]
