@@ -90,19 +90,15 @@
       event.preventDefault();
       query.focus();
       query.select();
-    } else if (event.key === "Escape" && typing) {
+    } else if (typing && (event.key === "Escape" || event.key === "Esc")) {
       query.value = "";
       show();
     }
   });
 
-  // The program asks for the search with "#search", and may add a word: "#search=word".
+  // The program asks for the search by this place, which is nowhere on the page.
   function arrive() {
-    var asked = /^#search(?:=(.*))?$/.exec(location.hash);
-    if (!asked) return;
-    query.value = decodeURIComponent(asked[1] || "");
-    show();
-    query.focus();
+    if (location.hash === "#search") query.focus();
   }
   window.addEventListener("hashchange", arrive);
   arrive();
