@@ -10,7 +10,7 @@ Program::Program(SettingsFiles& settingsFiles)
       messages(frame, state.settings.global, frame.GetBars()),
       wait(frame, selector),
       options(state),
-      help(frame, selector, state.helpFile),
+      help(frame, messages, selector, state.helpFile),
       services{frame,
                windows,
                files,

@@ -5,6 +5,7 @@
 #include "resources/resource.h"
 #include "ui/commands/commands.h"
 #include "ui/program/help.h"
+#include "ui/program/help_topics.h"
 #include "ui/program/private_messages.h"
 #include "ui/program/string_ids.h"
 
@@ -12,8 +13,6 @@
 
 namespace tarrow {
 namespace {
-
-constexpr unsigned kLogHelp = 5;
 
 // What is worth a change of the text: so many bytes, or less once so much time has passed.
 constexpr std::size_t kBatch = 1 << 20;
@@ -86,7 +85,7 @@ bool CTwLog::RunCommand(UINT id, UINT code, HWND control, LRESULT& result) {
 }
 
 void CTwLog::OnHelp() {
-  Program().help.ShowHelp(nullptr, kLogHelp);
+  Program().help.ShowHelp(nullptr, kResultLogTopic);
 }
 
 // Writes the text; the window stays a result window.

@@ -2,6 +2,7 @@
 
 #include "edit/control/text_control.h"
 #include "search/find/find_in_window.h"
+#include "ui/program/help_topics.h"
 #include "ui/program/private_messages.h"
 #include "ui/program/string_ids.h"
 
@@ -13,7 +14,6 @@ namespace tarrow {
 namespace {
 
 constexpr int kStatusSeconds = 5;
-constexpr unsigned kFindHelp = 1, kReplaceHelp = 2;
 
 RECT ClientOnScreen(HWND window) {
   RECT client{};
@@ -128,7 +128,7 @@ void FindCommands::Obey(CTwFindReplaceDialog& dialog, TextControl& control) {
 }
 
 LRESULT FindCommands::OnDialogHelp(WPARAM, LPARAM) {
-  if (dialog_) help_.ShowHelp(dialog_->Handle(), dialog_->IsFindOnly() ? kFindHelp : kReplaceHelp);
+  if (dialog_) help_.ShowHelp(dialog_->Handle(), dialog_->IsFindOnly() ? kFindTopic : kReplaceTopic);
   return 0;
 }
 

@@ -3,6 +3,7 @@
 #include "framework/font_dialog.h"
 #include "framework/handle.h"
 #include "resources/resource.h"
+#include "ui/program/help_topics.h"
 #include "ui/program/string_ids.h"
 #include "ui/settings/key_bindings_dialog.h"
 
@@ -11,8 +12,6 @@
 namespace tarrow {
 
 namespace {
-
-constexpr unsigned kHelpTopic = 40;
 
 static_assert(IDC_BLOCK_INDENT - IDC_SAVE_SETTINGS == 13,
               "the boxes are numbered in the order of their table");
@@ -100,7 +99,7 @@ void CGlobalSettingsDialog::OnKeyBindings() {
 }
 
 void CGlobalSettingsDialog::OnHelp() {
-  help_.ShowHelp(Handle(), kHelpTopic);
+  help_.ShowHelp(Handle(), kGlobalSettingsTopic);
 }
 
 void CGlobalSettingsDialog::Refuse(int text, int field) {

@@ -3,6 +3,7 @@
 #include "framework/unicode.h"
 #include "resources/resource.h"
 #include "ui/commands/key_names.h"
+#include "ui/program/help_topics.h"
 
 #include <algorithm>
 #include <new>
@@ -10,8 +11,6 @@
 namespace tarrow {
 
 namespace {
-
-constexpr unsigned kHelpTopic = 50;
 
 bool AddToList(HWND list, UINT message, std::string_view text) {
   return ::SendMessageW(list, message, 0, reinterpret_cast<LPARAM>(ToWide(text).c_str())) >= 0;
@@ -104,7 +103,7 @@ void CKeyBindingsDialog::OnSet() {
 }
 
 void CKeyBindingsDialog::OnHelp() {
-  help_.ShowHelp(Handle(), kHelpTopic);
+  help_.ShowHelp(Handle(), kKeyBindingsTopic);
 }
 
 }  // namespace tarrow
