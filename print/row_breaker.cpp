@@ -88,7 +88,9 @@ bool RowBreaker::TakePlainRun() {
   StartPieceIf(needsPiece_ || isBackwards_);
   isBackwards_ = false;
   isBlank_ = isBlank_ && std::all_of(bytes.begin(), end, [](char byte) { return byte == ' '; });
-  units_.append(bytes.begin(), end);
+  std::size_t before = units_.size();
+  units_.resize(before + count);
+  std::copy(bytes.begin(), end, units_.begin() + static_cast<std::ptrdiff_t>(before));
   advances_.resize(units_.size(), common);
   x_ += static_cast<Pixels>(count) * common;
   at_ += static_cast<std::int64_t>(count);
