@@ -44,6 +44,8 @@ Browsing Off
 WebInterface No
 DefaultAuthType None
 MaxLogSize 0
+PreserveJobFiles No
+PreserveJobHistory No
 <Location />
   Order allow,deny
   Allow all
