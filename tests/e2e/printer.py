@@ -140,24 +140,31 @@ class Printer:
 
     @contextlib.contextmanager
     def running(self):
-        server = shutil.which("cupsd") or shutil.which("cupsd", path="/usr/sbin")
-        if not server:
-            raise Failure("cupsd is missing: scripts/install_packages installs it")
         self._write_files()
-        log = (self.folder / "log" / "server").open("w")
-        self.server = subprocess.Popen(
-            [server, "-f", "-c", self.folder / "etc" / "cupsd.conf", "-s", self.folder / "etc" / "cups-files.conf"],
-            stdin=subprocess.DEVNULL, stdout=log, stderr=subprocess.STDOUT)
         try:
-            workshop.wait_until(lambda: self.socket.exists() or self.server.poll() is not None, 20,
-                                "the print server")
-            if self.server.poll() is not None:
-                raise Failure(f"the print server ended: {workshop.last_lines(self.folder / 'log' / 'server', 5)}")
+            self.serve()
             yield self
         finally:
+            self.stop_serving()
+
+    def serve(self):
+        """Starts the print server."""
+        program = shutil.which("cupsd") or shutil.which("cupsd", path="/usr/sbin")
+        if not program:
+            raise Failure("cupsd is missing: scripts/install_packages installs it")
+        etc, log = self.folder / "etc", self.folder / "log" / "server"
+        with log.open("a") as out:
+            self.server = subprocess.Popen(
+                [program, "-f", "-c", etc / "cupsd.conf", "-s", etc / "cups-files.conf"],
+                stdin=subprocess.DEVNULL, stdout=out, stderr=subprocess.STDOUT)
+        workshop.wait_until(lambda: self.socket.exists() or self.server.poll() is not None, 20, "the print server")
+        if self.server.poll() is not None:
+            raise Failure(f"the print server ended: {workshop.last_lines(log, 5)}")
+
+    def stop_serving(self):
+        if self.server:
             workshop.stop_process(self.server)
-            self.socket.unlink(missing_ok=True)
-            log.close()
+        self.socket.unlink(missing_ok=True)
 
     @property
     def environment(self):
