@@ -6,32 +6,21 @@
 #include "ui/program/string_ids.h"
 
 namespace tarrow {
-namespace {
-
-struct MessageRange {
-  UINT first, last;
-};
-
-// Input for other windows, as a modeless dialog may stay open. Left in the queue it would reach them after
-// the job.
-constexpr MessageRange kInput[] = {
-    {WM_NCMOUSEMOVE, WM_NCXBUTTONDBLCLK}, {WM_KEYFIRST, WM_KEYLAST}, {WM_MOUSEFIRST, WM_MOUSELAST}};
-
-}  // namespace
-
 CPrintingDialog::CPrintingDialog(std::string document, PrinterName printer)
     : CDialog(IDD_PRINTING), document_(std::move(document)), printer_(std::move(printer)) {}
 
-// The owner is enabled before the dialog goes, or another program's window would come to the front.
+// The others come back first, or the system would bring another program to the front.
 CPrintingDialog::~CPrintingDialog() {
-  if (wasEnabled_) ::EnableWindow(owner_, TRUE);
-  if (Exists()) Close(IDCANCEL);
+  disabled_.reset();
+  if (!Exists()) return;
+  bool isInFront = ::GetActiveWindow() == Handle();
+  Destroy();
+  if (isInFront) ::SetActiveWindow(owner_);
 }
 
 void CPrintingDialog::Open(HWND owner) {
-  if (!CreateModeless(owner)) return;
   owner_ = owner;
-  wasEnabled_ = !::EnableWindow(owner, FALSE);
+  if (CreateModeless(owner)) disabled_.emplace(Handle());
 }
 
 bool CPrintingDialog::OnInitDialog() {
@@ -46,16 +35,7 @@ void CPrintingDialog::ShowPage(int number) {
 }
 
 void CPrintingDialog::Dispatch() {
-  MSG message{};
-  while (Exists() && ::PeekMessageW(&message, Handle(), 0, 0, PM_REMOVE)) {
-    if (::IsDialogMessageW(Handle(), &message)) continue;
-    ::TranslateMessage(&message);
-    ::DispatchMessageW(&message);
-  }
-  while (::PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE)) ::DispatchMessageW(&message);
-  for (const MessageRange& range : kInput)
-    while (::PeekMessageW(&message, nullptr, range.first, range.last, PM_REMOVE)) {
-    }
+  if (Exists()) DispatchForDialog(Handle());
 }
 
 void CPrintingDialog::Poll() {

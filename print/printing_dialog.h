@@ -1,13 +1,12 @@
 // The dialog that stands while a job is printed: what is printed where, the page, and Cancel.
-//
-// While it stands its owner is disabled, and only what concerns the dialog and the painting of windows is
-// dispatched: nothing may change the text that is being read.
 #pragma once
 
 #include "base/progress.h"
+#include "framework/busy_dialog.h"
 #include "framework/dialog.h"
 #include "print/printer_name.h"
 
+#include <optional>
 #include <string>
 
 namespace tarrow {
@@ -17,12 +16,12 @@ class CPrintingDialog final : public CDialog, public Progress {
   CPrintingDialog(std::string document, PrinterName printer);
   ~CPrintingDialog() override;
 
-  // Shows the dialog; without memory for it the job goes on all the same.
+  // Shows the dialog; where it cannot be made the job goes on without it.
   void Open(HWND owner);
 
   void ShowPage(int number);
 
-  // Deals with the messages that have come; input that is not for the dialog is dropped.
+  // Lets the user act.
   void Dispatch();
   bool IsCancelled() const { return isCancelled_; }
 
@@ -38,7 +37,7 @@ class CPrintingDialog final : public CDialog, public Progress {
   std::string document_;
   PrinterName printer_;
   HWND owner_ = nullptr;
-  bool wasEnabled_ = false;
+  std::optional<OtherWindowsDisabled> disabled_;
   bool isCancelled_ = false;
 };
 
