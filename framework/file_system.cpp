@@ -131,6 +131,18 @@ std::string TrueCase(std::string_view path) {
   return std::string(DirectoryPart(path)) + found[0].name;
 }
 
+std::string TrueCasePath(std::string_view path) {
+  std::string found;
+  while (!path.empty()) {
+    std::size_t end = path.find('\\');
+    found = TrueCase(found.append(path.substr(0, end)));
+    if (end == std::string_view::npos) break;
+    found += '\\';
+    path.remove_prefix(end + 1);
+  }
+  return found;
+}
+
 std::vector<DirectoryEntry> FindFiles(std::string_view pattern) {
   std::vector<DirectoryEntry> entries;
   WIN32_FIND_DATAW data;

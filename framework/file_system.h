@@ -50,6 +50,9 @@ struct FileStatus {
 // exactly that.
 [[nodiscard]] std::string TrueCase(std::string_view path);
 
+// `path` with every component in the case that it has on the disk.
+[[nodiscard]] std::string TrueCasePath(std::string_view path);
+
 // Everything that a path with wildcards in its last component finds, "." and ".." included.
 [[nodiscard]] std::vector<DirectoryEntry> FindFiles(std::string_view pattern);
 

@@ -12,7 +12,7 @@ struct FontDialogOptions {
 };
 
 // Lets the user choose a fixed-pitch font that exists, without simulated styles, beginning with `font`.
-// Returns whether one was chosen; it then stands in `font`.
+// Returns whether one was chosen; it then stands in `font`. Heights are in dots of the screen or the printer.
 [[nodiscard]] bool RunFontDialog(const FontDialogOptions& options, LOGFONTW& font);
 
 }  // namespace tarrow

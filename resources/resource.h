@@ -146,6 +146,7 @@
 #define IDC_PRINT_DOCUMENT 222
 #define IDC_PRINT_PRINTER 223
 #define IDC_PRINT_PORT 224
+#define IDC_PRINT_PAGE 225
 
 /* About, System Metrics */
 #define IDC_ABOUT_TITLE 222

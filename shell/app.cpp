@@ -7,7 +7,6 @@
 #include "shell/state/init_file.h"
 #include "shell/state/session.h"
 #include "tools/file_lists/file_dir.h"
-#include "ui/commands/commands.h"
 #include "ui/program/string_ids.h"
 #include "ui/settings/font_choice.h"
 
@@ -41,10 +40,10 @@ int CTwApp::Run(std::string_view commandLine, int showCommand) {
   CommandLineOptions options = ParseCommandLine(commandLine);
   FindPlaces(options);
   LoadProgramSettings(options);
-  if (!ShowFrame(showCommand)) return 1;
-  std::size_t named = OpenNamedFiles(options);
-  if (options.print) return 1;
-  if (named > 0)
+  if (!program_.frame.CreateMain({CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT})) return 1;
+  if (options.print) return PrintNamedFiles(options);
+  ShowFrame(showCommand);
+  if (OpenNamedFiles(options) > 0)
     program_.windows.Arrange(false);
   else
     program_.session.Restore();
@@ -74,15 +73,12 @@ void CTwApp::LoadProgramSettings(const CommandLineOptions& options) {
   state.screenFont = ToLogFont(state.settings.global.screenFont);
 }
 
-bool CTwApp::ShowFrame(int showCommand) {
-  CTwFrame& frame = program_.frame;
-  if (!frame.CreateMain({CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT})) return false;
+void CTwApp::ShowFrame(int showCommand) {
   if (PlaceFrame() && showCommand != SW_SHOWMINNOACTIVE) showCommand = SW_SHOWMAXIMIZED;
   program_.keys.Load();
   program_.files.ShowRecentFiles();
-  ::ShowWindow(frame.Handle(), showCommand);
-  ::UpdateWindow(frame.Handle());
-  return true;
+  ::ShowWindow(program_.frame.Handle(), showCommand);
+  ::UpdateWindow(program_.frame.Handle());
 }
 
 // Moves the frame from where the system has put it to where the settings say, unless that is off every
@@ -104,20 +100,38 @@ bool CTwApp::PlaceFrame() {
   return placement.maximised;
 }
 
-// Opens, and with -p prints and closes, every file of the command line; returns how many were named.
+// Opens every file of the command line; returns how many were named.
 std::size_t CTwApp::OpenNamedFiles(const CommandLineOptions& options) {
   DiskLookup disk;
   CFileDir list(disk);
-  WaitState wait(program_.wait, !options.print);
+  WaitState wait(program_.wait, true);
   std::size_t count = list.Build({options.files});
-  while (const std::string* path = list.Next()) {
-    bool opened = program_.files.OpenFile(*path, false, false);
-    if (!options.print || !opened) continue;
-    CMDIChildWnd* child = program_.frame.ActiveChild();
-    child->Send(WM_COMMAND, kFilePrint);
-    ::SendMessageW(program_.frame.Client(), WM_MDIDESTROY, reinterpret_cast<WPARAM>(child->Handle()), 0);
-  }
+  while (const std::string* path = list.Next()) program_.files.OpenFile(*path, false, false);
   return count;
+}
+
+// Prints every file of the command line, in windows of a frame that nobody sees; returns the exit code.
+int CTwApp::PrintNamedFiles(const CommandLineOptions& options) {
+  DiskLookup disk;
+  CFileDir list(disk);
+  list.Build({options.files});
+  int exitCode = 0;
+  while (const std::string* path = list.Next())
+    if (!PrintFile(*path)) exitCode = 1;
+  return exitCode;
+}
+
+bool CTwApp::PrintFile(const std::string& path) {
+  bool isPrinted = false;
+  if (!program_.files.OpenFile(path, false, false)) return isPrinted;
+  try {
+    isPrinted = program_.rooms.print.PrintActiveDocument();
+  } catch (const std::exception&) {
+    program_.messages.ReportException(std::current_exception());
+  }
+  HWND window = program_.frame.ActiveChild()->Handle();
+  ::SendMessageW(program_.frame.Client(), WM_MDIDESTROY, reinterpret_cast<WPARAM>(window), 0);
+  return isPrinted;
 }
 
 MessageLoop::Targets CTwApp::LoopTargets() const {

@@ -26,9 +26,11 @@ class CTwApp {
  private:
   void FindPlaces(const CommandLineOptions& options);
   void LoadProgramSettings(const CommandLineOptions& options);
-  bool ShowFrame(int showCommand);
+  void ShowFrame(int showCommand);
   bool PlaceFrame();
   std::size_t OpenNamedFiles(const CommandLineOptions& options);
+  int PrintNamedFiles(const CommandLineOptions& options);
+  bool PrintFile(const std::string& path);
   MessageLoop::Targets LoopTargets() const;
 
   ComApartment com_;

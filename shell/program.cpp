@@ -24,11 +24,12 @@ Program::Program(SettingsFiles& settingsFiles)
       files(services, state.settings.recentFiles, frame.Menus()),
       windows(services, selector, frame.GetBars(), frame.Menus()),
       keys(state.store, frame.Menus()),
-      settings(frame, state, windows, keys, messages, help),
+      stored(state.store),
+      settings(frame, state, windows, keys, stored, messages, help),
       session(state, services, files, windows),
       tools(frame, messages, state.store),
       ending(frame, windows, selector, session, frame.GetBars(), help),
-      rooms(services, help) {
+      rooms(services, help, stored) {
   for (CommandTarget* room : rooms.Targets()) frame.AddTarget(*room);
   frame.AddTarget(files);
   frame.AddTarget(windows);

@@ -18,6 +18,7 @@
 #include "shell/frame/message_boxes.h"
 #include "shell/rooms.h"
 #include "shell/state/program_state.h"
+#include "shell/state/settings_values.h"
 
 namespace tarrow {
 
@@ -36,6 +37,7 @@ struct Program {
   OpenFiles files;
   DocumentWindows windows;
   ActiveKeys keys;
+  SettingsValues stored;
   SettingsCommands settings;
   SessionKeeper session;
   ToolCommands tools;

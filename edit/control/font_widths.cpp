@@ -6,15 +6,25 @@
 
 namespace tarrow {
 
-FontWidths::FontWidths(HFONT font)
-    : font_(font ? font : static_cast<HFONT>(::GetStockObject(SYSTEM_FIXED_FONT))) {
-  ClientDc dc(nullptr);
-  SelectedObject selected(dc, font_);
+// Runs `action` on the device's context with the font selected into it.
+template <typename Action>
+auto FontWidths::OnDevice(Action action) const {
+  auto run = [&](HDC dc) {
+    SelectedObject selected(dc, font_);
+    return action(dc);
+  };
+  return device_ ? run(device_) : run(ClientDc(nullptr));
+}
+
+FontWidths::FontWidths(HFONT font, HDC device)
+    : font_(font ? font : static_cast<HFONT>(::GetStockObject(SYSTEM_FIXED_FONT))), device_(device) {
   TEXTMETRICW metrics{};
-  ::GetTextMetricsW(dc, &metrics);
+  OnDevice([&](HDC dc) {
+    ::GetTextMetricsW(dc, &metrics);
+    for (char32_t code = 0; code < ascii_.size(); ++code) ascii_[code] = Measure(dc, DisplayedCode(code));
+  });
   lineHeight_ = std::max<int>(1, metrics.tmHeight + metrics.tmExternalLeading);
   averageWidth_ = std::max<int>(1, metrics.tmAveCharWidth);
-  for (char32_t code = 0; code < ascii_.size(); ++code) ascii_[code] = Measure(dc, DisplayedCode(code));
   bool isFixed = std::all_of(ascii_.begin(), ascii_.end(), [&](int width) { return width == ascii_['x']; });
   if (isFixed) averageWidth_ = commonWidth_ = ascii_['x'];
 }
@@ -31,10 +41,8 @@ int FontWidths::Measure(HDC dc, char32_t code) const {
 int FontWidths::WidthOf(char32_t code) const {
   if (code < ascii_.size()) return ascii_[code];
   auto [found, isNew] = others_.try_emplace(code, 0);
-  if (!isNew) return found->second;
-  ClientDc dc(nullptr);
-  SelectedObject selected(dc, font_);
-  return found->second = Measure(dc, code);
+  if (isNew) found->second = OnDevice([&](HDC dc) { return Measure(dc, code); });
+  return found->second;
 }
 
 // Fonts that are no outlines do not tell; their marks fill a cell as a letter does.

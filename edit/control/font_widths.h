@@ -14,8 +14,9 @@ namespace tarrow {
 
 class FontWidths final : public CharWidths {
  public:
-  // Measures `font`, which must outlive the object; null stands for the system's fixed font.
-  explicit FontWidths(HFONT font);
+  // Measures `font` for the screen or, when given, for another device; both must outlive the object. No font
+  // stands for the system's fixed font.
+  explicit FontWidths(HFONT font, HDC device = nullptr);
 
   HFONT Font() const { return font_; }
   int LineHeight() const { return lineHeight_; }
@@ -27,8 +28,11 @@ class FontWidths final : public CharWidths {
 
  private:
   int Measure(HDC dc, char32_t code) const;
+  template <typename Action>
+  auto OnDevice(Action action) const;
 
   HFONT font_;
+  HDC device_;
   int lineHeight_ = 1;
   int averageWidth_ = 1;
   int commonWidth_ = 0;

@@ -1,5 +1,6 @@
 #include "edit/documents/file_edit.h"
 
+#include "edit/documents/buffer_lines.h"
 #include "framework/text_resources.h"
 #include "resources/resource.h"
 #include "ui/commands/commands.h"
@@ -182,6 +183,12 @@ void CTwFileEdit::ShowPlace(std::uint32_t line, std::uint32_t column) {
   control_.Select(at, at);
   control_.ScrollBy(0, number - control_.LinesInView() / 4 - control_.TopLine().value);
   OnCaretMoved();
+}
+
+std::unique_ptr<PrintedLines> CTwFileEdit::LinesToPrint(PrintedPart part) const {
+  TextRange all{BytePos(0), control_.Buffer().End()};
+  return std::make_unique<BufferLines>(control_.Buffer(), control_.TextCharset(),
+                                       part == PrintedPart::kSelection ? control_.Selection() : all);
 }
 
 void CTwFileEdit::PublishState() {

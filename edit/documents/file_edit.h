@@ -7,6 +7,7 @@
 #include "edit/control/text_control.h"
 #include "edit/documents/child.h"
 #include "edit/documents/file_edit_commands.h"
+#include "edit/documents/printable.h"
 #include "edit/files/file_format.h"
 #include "edit/files/file_load.h"
 
@@ -16,7 +17,7 @@
 
 namespace tarrow {
 
-class CTwFileEdit : public CTwChild, protected EditingOwner {
+class CTwFileEdit : public CTwChild, public Printable, protected EditingOwner {
  public:
   // The identifier of the text control within its window.
   static constexpr UINT kControlId = 3244;
@@ -40,6 +41,10 @@ class CTwFileEdit : public CTwChild, protected EditingOwner {
 
   // The settings for all windows have changed: the screen font (if it has) and the tab size.
   void ApplySettings(const LOGFONTW* font);
+
+  // Printable:
+  bool HasSelection() const override { return !control_.Selection().Empty(); }
+  std::unique_ptr<PrintedLines> LinesToPrint(PrintedPart part) const override;
 
   bool QuerySave(int message) override;
   void PublishState() override;

@@ -1,7 +1,10 @@
 #include "shell/commands/settings_commands.h"
 
+#include "framework/regional.h"
+#include "print/page_setup_dialog.h"
 #include "ui/commands/commands.h"
 #include "ui/settings/font_choice.h"
+#include "ui/settings/font_value.h"
 #include "ui/settings/global_settings_dialog.h"
 #include "ui/settings/global_settings_form.h"
 
@@ -23,16 +26,21 @@ void SettingsCommands::OnGlobalSettings() {
   GlobalSettingsChoice choice;
   choice.settings = settings;
   choice.screenFont = state_.screenFont;
-  choice.printerFont = PrinterFont();
-  if (CGlobalSettingsDialog(messages_, help_, choice, keys_.Bindings()).DoModal(frame_.Handle()) != IDOK)
-    return;
+  choice.printerFont = ParseFont(stored_.Setting(kPrinterFontKey).value_or(""));
+  PageSetup page = LoadPageSetup(stored_);
+  auto editPage = [&](HWND owner) {
+    LengthFormat lengths{UsesMetricSystem(), DecimalSeparator()};
+    return CPageSetupDialog(messages_, help_, lengths, page).DoModal(owner) == IDOK;
+  };
+  CGlobalSettingsDialog dialog(messages_, help_, choice, keys_.Bindings(), editPage);
+  if (dialog.DoModal(frame_.Handle()) != IDOK) return;
 
   GlobalSettings before = std::exchange(settings, choice.settings);
   for (SettingsEffect effect : EffectsOfChange(before, settings))
     frame_.ApplyEffect(effect, !before.Has(kNoProject));
   if (choice.screenFontChanged) SetScreenFont(choice.screenFont);
-  if (choice.printerFontChanged)
-    state_.store.WriteString(kSettingsSection, kPrinterFontKey, FormatFont(FromLogFont(choice.printerFont)));
+  if (choice.printerFontChanged) stored_.StoreSetting(kPrinterFontKey, FormatFont(choice.printerFont));
+  if (choice.pageSetupChanged) StorePageSetup(stored_, page);
   if (choice.screenFontChanged || before.tabSize != settings.tabSize)
     windows_.ApplySettings(choice.screenFontChanged);
   if (choice.keysChanged) keys_.Apply(choice.keys);
@@ -42,13 +50,7 @@ void SettingsCommands::SetScreenFont(const LOGFONTW& font) {
   state_.screenFont = font;
   FontChoice& stored = state_.settings.global.screenFont;
   stored = FromLogFont(font);
-  state_.store.WriteString(kSettingsSection, kScreenFontKey, FormatFont(stored));
-}
-
-LOGFONTW SettingsCommands::PrinterFont() const {
-  std::string font;
-  (void)state_.store.ReadString(kSettingsSection, kPrinterFontKey, font);
-  return ToLogFont(ParseFont(font));
+  stored_.StoreSetting(kScreenFontKey, FormatFont(stored));
 }
 
 }  // namespace tarrow

@@ -8,6 +8,7 @@
 #include "shell/state/program_state.h"
 #include "ui/program/help.h"
 #include "ui/program/messages.h"
+#include "ui/program/stored_settings.h"
 
 namespace tarrow {
 
@@ -15,8 +16,14 @@ class SettingsCommands final : public CommandTarget {
  public:
   // All of them outlive the object.
   SettingsCommands(CTwFrame& frame, ProgramState& state, DocumentWindows& windows, ActiveKeys& keys,
-                   Messages& messages, Help& help)
-      : frame_(frame), state_(state), windows_(windows), keys_(keys), messages_(messages), help_(help) {}
+                   StoredSettings& stored, Messages& messages, Help& help)
+      : frame_(frame),
+        state_(state),
+        windows_(windows),
+        keys_(keys),
+        stored_(stored),
+        messages_(messages),
+        help_(help) {}
 
  protected:
   static const MessageMap kMessageMap;
@@ -25,12 +32,12 @@ class SettingsCommands final : public CommandTarget {
  private:
   void OnGlobalSettings();
   void SetScreenFont(const LOGFONTW& font);
-  LOGFONTW PrinterFont() const;
 
   CTwFrame& frame_;
   ProgramState& state_;
   DocumentWindows& windows_;
   ActiveKeys& keys_;
+  StoredSettings& stored_;
   Messages& messages_;
   Help& help_;
 };

@@ -3,18 +3,16 @@
 #include "base/exceptions.h"
 #include "base/path_text.h"
 #include "base/text_format.h"
-#include "base/utf16.h"
 #include "ui/program/string_ids.h"
 #include "ui/program/string_table.h"
+#include "ui/settings/font_value.h"
 
-#include <charconv>
+#include <algorithm>
 #include <limits>
 #include <optional>
 
 namespace tarrow {
 namespace {
-
-constexpr std::size_t kLongestFace = 31;  // characters
 
 std::string ProjectKey() {
   return std::string(FindText(kTextKeyProject));
@@ -60,7 +58,7 @@ void ReadGlobalValues(const CProfileStore& store, GlobalSettings& settings) {
     if (auto number = store.ReadNumber(kSettingsSection, key.key, key.base))
       if (*number >= key.least && *number <= key.most) key.set(settings, *number);
   std::string font;
-  if (store.ReadString(kSettingsSection, "ScreenFont", font)) settings.screenFont = ParseFont(font);
+  if (store.ReadString(kSettingsSection, "ScreenFont", font)) settings.screenFont = ParseScreenFont(font);
 }
 
 void WriteGlobalValues(CProfileStore& store, const GlobalSettings& settings) {
@@ -182,26 +180,10 @@ void SaveSettings(SettingsFiles& files, CProfileStore& store, const ProgramSetti
   if (failure) throw *failure;
 }
 
-FontChoice ParseFont(std::string_view value) {
-  std::size_t comma = std::min(value.find(','), value.size());
-  FontChoice font;
-  if (comma == 0 || Utf8ToUtf16<char16_t>(value.substr(0, comma)).size() > kLongestFace) return font;
-  font.face = value.substr(0, comma);
-  int numbers[3] = {0, 0, 0};
-  const char* at = value.data() + comma;
-  const char* end = value.data() + value.size();
-  for (int& number : numbers) {
-    if (at == end || *at != ',') break;
-    at = std::from_chars(at + 1, end, number).ptr;
-  }
-  font.height = -numbers[0];
-  font.weight = numbers[1];
-  font.italic = numbers[2] != 0;
+FontChoice ParseScreenFont(std::string_view value) {
+  FontChoice font = ParseFont(value);
+  font.height = -std::max(font.height, -std::numeric_limits<int>::max());
   return font;
-}
-
-std::string FormatFont(const FontChoice& font) {
-  return FormatText("%s,%d,%d,%d", {font.face, font.height, font.weight, font.italic});
 }
 
 }  // namespace tarrow

@@ -66,10 +66,8 @@ void LoadSettings(SettingsFiles& files, CProfileStore& store, bool restoreProjec
 void SaveSettings(SettingsFiles& files, CProfileStore& store, const ProgramSettings& settings,
                   std::string_view window);
 
-// A font as the settings keep it: face, height, weight, italic. The height changes its sign on reading, not
-// on writing; that is how the files have always been. A value without a face, or with one of 32 characters or
-// more, gives the empty choice.
-[[nodiscard]] FontChoice ParseFont(std::string_view value);
-[[nodiscard]] std::string FormatFont(const FontChoice& font);
+// The font of the edit windows. Its height changes its sign on reading, not on writing; that is how the files
+// have always been.
+[[nodiscard]] FontChoice ParseScreenFont(std::string_view value);
 
 }  // namespace tarrow

@@ -84,10 +84,10 @@ def plain(text):
 
 
 class Stage:
-    """A display with Wine's desktop and the probe on it, where one program after another plays."""
+    """A display with Wine's desktop and the probe on it, and a printer, where one program after another plays."""
 
-    def __init__(self, wine, width):
-        self.wine, self.width = wine, width
+    def __init__(self, wine, width, printer):
+        self.wine, self.width, self.printer = wine, width, printer
         self.probe = Probe(wine, width)
 
     def close(self):

@@ -13,6 +13,7 @@ sys.path[:0] = [str(HERE), str(HERE.parents[1] / "scripts")]
 
 import workshop
 from driver import Stage
+from printer import Printer
 from tarrow import Scenario
 
 
@@ -59,12 +60,14 @@ def scenarios(words):
 
 def play(wine, width, words=(), say=print):
     """Plays the scenarios that `words` select; gives how many passed, and the texts of those that failed."""
-    Scenario.stage = Stage(wine, width)
     result = Result(say)
-    try:
-        scenarios(words).run(result)
-    finally:
-        Scenario.stage.close()
+    with Printer().running() as printer:
+        wine.environment |= printer.environment
+        Scenario.stage = Stage(wine, width, printer)
+        try:
+            scenarios(words).run(result)
+        finally:
+            Scenario.stage.close()
     return result.passed, [f"{name_of(test)}\n{text}" for test, text in result.failures + result.errors]
 
 

@@ -14,7 +14,6 @@ namespace {
 constexpr std::chrono::milliseconds kPatience{333};
 constexpr std::chrono::milliseconds kPeriod{30};
 constexpr int kParts = 1000;
-constexpr int kMostPaints = 50;  // at a look: a window that never becomes valid must not hold the work up
 
 }  // namespace
 
@@ -25,7 +24,7 @@ CProgressBox::CProgressBox(HWND frame, std::string_view text)
 
 // The others come back first, or the system would bring another program to the front.
 CProgressBox::~CProgressBox() {
-  for (HWND window : disabled_) ::EnableWindow(window, TRUE);
+  disabled_.reset();
   if (!Exists()) return;
   bool isInFront = ::GetActiveWindow() == Handle();
   Destroy();
@@ -47,7 +46,7 @@ void CProgressBox::Poll() {
   if (!Exists() && now - begun_ >= kPatience) Open();
   if (Exists()) {
     Show();
-    Pump();
+    DispatchForDialog(Handle());
   } else if (TakeEscape()) {
     isCancelled_ = true;
   }
@@ -57,7 +56,7 @@ void CProgressBox::Poll() {
 // Where the box cannot be made the work goes on without it, and Escape still ends it.
 void CProgressBox::Open() {
   if (!CreateModeless(frame_)) return;
-  ::EnumThreadWindows(::GetCurrentThreadId(), Disable, reinterpret_cast<LPARAM>(this));
+  disabled_.emplace(Handle());
   ::SetActiveWindow(Handle());
 }
 
@@ -66,14 +65,6 @@ bool CProgressBox::OnInitDialog() {
   ::SendMessageW(Item(IDC_PROGRESS_BAR), PBM_SETRANGE32, 0, kParts);
   ::ShowWindow(Item(IDC_PROGRESS_BAR), whole_ > 0 ? SW_SHOW : SW_HIDE);
   return true;
-}
-
-BOOL CALLBACK CProgressBox::Disable(HWND window, LPARAM l) noexcept {
-  auto* box = reinterpret_cast<CProgressBox*>(l);
-  if (window == box->Handle() || !::IsWindowVisible(window) || !::IsWindowEnabled(window)) return TRUE;
-  box->disabled_.push_back(window);
-  ::EnableWindow(window, FALSE);
-  return TRUE;
 }
 
 void CProgressBox::Show() {
@@ -85,18 +76,6 @@ void CProgressBox::Show() {
   if (shownPart_ < 0) ::ShowWindow(Item(IDC_PROGRESS_BAR), SW_SHOW);
   shownPart_ = part;
   ::SendMessageW(Item(IDC_PROGRESS_BAR), PBM_SETPOS, static_cast<WPARAM>(part), 0);
-}
-
-// The box lives by all its messages, the other windows are only painted.
-void CProgressBox::Pump() {
-  MSG message;
-  while (Exists() && ::PeekMessageW(&message, Handle(), 0, 0, PM_REMOVE)) {
-    if (::IsDialogMessageW(Handle(), &message)) continue;
-    ::TranslateMessage(&message);
-    ::DispatchMessageW(&message);
-  }
-  for (int i = 0; i < kMostPaints && ::PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE); ++i)
-    ::DispatchMessageW(&message);
 }
 
 }  // namespace tarrow

@@ -7,13 +7,14 @@
 #pragma once
 
 #include "base/progress.h"
+#include "framework/busy_dialog.h"
 #include "framework/dialog.h"
 
 #include <chrono>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace tarrow {
 
@@ -46,8 +47,6 @@ class CProgressBox final : public CDialog, public Progress {
 
   void Open();
   void Show();
-  void Pump();
-  static BOOL CALLBACK Disable(HWND window, LPARAM box) noexcept;
 
   HWND frame_;
   std::string text_;
@@ -57,7 +56,7 @@ class CProgressBox final : public CDialog, public Progress {
   int shownPart_ = -1;  // thousandths
   Clock::time_point begun_ = Clock::now();
   Clock::time_point looked_ = begun_;
-  std::vector<HWND> disabled_;
+  std::optional<OtherWindowsDisabled> disabled_;
   bool isCancelled_ = false;
 };
 

@@ -4,22 +4,50 @@
 #include "framework/unicode.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace tarrow {
 
-LOGFONTW ToLogFont(const FontChoice& choice) {
+namespace {
+
+constexpr int kPrinterPoints = 10;
+constexpr int kPointsPerInch = 72;
+
+// Without a face when the face of the choice is none that a font can have.
+LOGFONTW FixedFont(const FontChoice& choice) {
   LOGFONTW font{};
   std::wstring face = ToWide(choice.face);
-  if (!face.empty() && face.size() < LF_FACESIZE) {
-    std::copy(face.begin(), face.end(), font.lfFaceName);
-    font.lfHeight = choice.height;
-    font.lfWeight = choice.weight;
-    font.lfItalic = choice.italic;
-    font.lfPitchAndFamily = FIXED_PITCH;
-    font.lfCharSet = DEFAULT_CHARSET;
+  if (face.size() >= LF_FACESIZE) return font;
+  std::copy(face.begin(), face.end(), font.lfFaceName);
+  font.lfHeight = choice.height;
+  font.lfWeight = choice.weight;
+  font.lfItalic = choice.italic;
+  font.lfPitchAndFamily = FIXED_PITCH;
+  font.lfCharSet = DEFAULT_CHARSET;
+  return font;
+}
+
+}  // namespace
+
+LOGFONTW ToLogFont(const FontChoice& choice) {
+  LOGFONTW font = FixedFont(choice);
+  if (*font.lfFaceName)
     if (FontHandle made(::CreateFontIndirectW(&font)); made) return font;
-  }
   ::GetObjectW(::GetStockObject(SYSTEM_FIXED_FONT), sizeof font, &font);
+  return font;
+}
+
+// The stock font has the size of the screen's dots, on paper a millimetre; only its face is taken.
+LOGFONTW PrinterLogFont(const FontChoice& choice, int dpi) {
+  LOGFONTW font = FixedFont(choice);
+  if (*font.lfFaceName) return font;
+  LOGFONTW stock{};
+  ::GetObjectW(::GetStockObject(ANSI_FIXED_FONT), sizeof stock, &stock);
+  std::copy(std::begin(stock.lfFaceName), std::end(stock.lfFaceName), font.lfFaceName);
+  font.lfHeight = -::MulDiv(kPrinterPoints, dpi, kPointsPerInch);
+  font.lfOutPrecision = OUT_TT_PRECIS;
+  font.lfPitchAndFamily = FIXED_PITCH | FF_MODERN;
+  font.lfCharSet = DEFAULT_CHARSET;
   return font;
 }
 

@@ -11,6 +11,10 @@ namespace tarrow {
 // be made.
 [[nodiscard]] LOGFONTW ToLogFont(const FontChoice& choice);
 
+// The fixed-pitch font of a choice for a printer of `dpi` dots an inch, its height in those dots; for an
+// empty choice the platform's fixed font in a size to be read.
+[[nodiscard]] LOGFONTW PrinterLogFont(const FontChoice& choice, int dpi);
+
 [[nodiscard]] FontChoice FromLogFont(const LOGFONTW& font);
 
 }  // namespace tarrow

@@ -5,6 +5,7 @@
 #include "resources/resource.h"
 #include "ui/program/help_topics.h"
 #include "ui/program/string_ids.h"
+#include "ui/settings/font_choice.h"
 #include "ui/settings/key_bindings_dialog.h"
 
 #include <commdlg.h>
@@ -82,7 +83,14 @@ void CGlobalSettingsDialog::OnScreenFont() {
 
 void CGlobalSettingsDialog::OnPrinterFont() {
   MemoryDcHandle printer = DefaultPrinter();
-  if (RunFontDialog({Handle(), printer.Get()}, choice_.printerFont)) choice_.printerFontChanged = true;
+  if (!printer) {
+    messages_.ShowMessageBox(Handle(), MB_OK | MB_ICONEXCLAMATION, kTextNoPrinter, {"Default", "?", "?"});
+    return;
+  }
+  LOGFONTW font = PrinterLogFont(choice_.printerFont, ::GetDeviceCaps(printer.Get(), LOGPIXELSY));
+  if (!RunFontDialog({Handle(), printer.Get()}, font)) return;
+  choice_.printerFont = FromLogFont(font);
+  choice_.printerFontChanged = true;
 }
 
 void CGlobalSettingsDialog::OnPageSetup() {

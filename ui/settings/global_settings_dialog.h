@@ -18,8 +18,8 @@ namespace tarrow {
 struct GlobalSettingsChoice {
   GlobalSettings settings;
   LOGFONTW screenFont{};
-  LOGFONTW printerFont{};
-  KeyBindingTable keys;  // with the changes to save
+  FontChoice printerFont;  // empty: the usual one; its height is in dots of the printer
+  KeyBindingTable keys;    // with the changes to save
   bool screenFontChanged = false;
   bool printerFontChanged = false;
   bool keysChanged = false;

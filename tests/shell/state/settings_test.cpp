@@ -178,14 +178,9 @@ TEST(Settings, DropAProjectThatCannotBeEntered) {
   EXPECT_EQ("", ProgramRun(kept, false).settings.project.directory);
 }
 
-TEST(Settings, ReadFontsWithTheirOldSign) {
-  EXPECT_EQ((FontChoice{"Courier New", -13, 400, true}), ParseFont("Courier New,13,400,1"));
-  EXPECT_EQ((FontChoice{"Terminal", 0, 0, false}), ParseFont("Terminal"));
-  EXPECT_EQ((FontChoice{"F", 12, 0, false}), ParseFont("F,-12"));
-  EXPECT_EQ(FontChoice(), ParseFont(",13,400,0"));
-  EXPECT_EQ(FontChoice(), ParseFont(std::string(32, 'x') + ",13"));
-  EXPECT_EQ(std::string(31, 'x'), ParseFont(std::string(31, 'x') + ",13").face);
-  EXPECT_EQ("Courier New,-13,400,1", FormatFont({"Courier New", -13, 400, true}));
+TEST(Settings, ReadScreenFontsWithTheirOldSign) {
+  EXPECT_EQ((FontChoice{"Courier New", -13, 400, true}), ParseScreenFont("Courier New,13,400,1"));
+  EXPECT_EQ((FontChoice{"F", 12, 0, false}), ParseScreenFont("F,-12"));
 }
 
 TEST(RecentList, ExchangesAKnownNameWithTheFirst) {
