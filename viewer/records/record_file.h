@@ -9,8 +9,8 @@
 
 #include "base/byte_source.h"
 #include "base/progress.h"
-#include "viewer/line_offsets.h"
-#include "viewer/line_scan.h"
+#include "viewer/records/line_offsets.h"
+#include "viewer/records/line_scan.h"
 
 #include <array>
 #include <cstdint>

@@ -1,5 +1,5 @@
 #include "base/byte_scan.h"
-#include "viewer/record_file.h"
+#include "viewer/records/record_file.h"
 
 #include <algorithm>
 #include <cstring>

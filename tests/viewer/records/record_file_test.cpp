@@ -1,4 +1,4 @@
-#include "viewer/record_file.h"
+#include "viewer/records/record_file.h"
 
 #include "base/exceptions.h"
 #include "naive_lines.h"
