@@ -4,6 +4,7 @@
 // changed since, in which case a row holds what is there now, or nothing.
 #pragma once
 
+#include "base/file_range.h"
 #include "base/units.h"
 #include "viewer/views/view_row.h"
 
@@ -30,13 +31,6 @@ struct CellSelection {
   CellPos Start() const { return std::min(anchor, caret); }
   CellPos End() const { return std::max(anchor, caret); }
   friend bool operator==(const CellSelection&, const CellSelection&) = default;
-};
-
-// Bytes of a file: [start, end).
-struct FileRange {
-  std::uint64_t start = 0, end = 0;
-
-  friend bool operator==(const FileRange&, const FileRange&) = default;
 };
 
 // The parts of a row that stand out as selected, from the left; the second one may be empty. They may reach
