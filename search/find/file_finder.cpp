@@ -25,6 +25,7 @@ int FileFinder::ByteAt(std::uint64_t place) {
 }
 
 void FileFinder::Load(std::uint64_t start) {
+  if (progress_) progress_->SetDone(static_cast<std::int64_t>(start));
   ticker_.Tick();
   filled_ = 0;
   file_.Seek(start);

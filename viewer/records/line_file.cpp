@@ -89,6 +89,7 @@ RecordFileOutcome CLineFile::ScanAll(LineScan& scan, Progress* progress) {
     if (scanned > kLargestFile) return RecordFileOutcome::kTooLarge;
     if (!scan.Scan({buffer.get(), n})) return RecordFileOutcome::kDeclined;
     utf8.Take({buffer.get(), n});
+    if (progress) progress->SetDone(static_cast<std::int64_t>(scanned));
     ticker.Tick();
   }
   isUtf8_ = utf8.IsUtf8();

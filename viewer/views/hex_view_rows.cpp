@@ -131,4 +131,14 @@ CellSelection HexViewRows::CellsOf(const FileRange& bytes) {
   return {start, {last.row, last.column + 2}};
 }
 
+// A byte, where it was clicked; among the offsets, all of the row.
+CellSelection HexViewRows::WordAt(CellPos cell) {
+  Part part = PartOf(cell.column);
+  int columns = Read(cell.row).Columns();
+  if (part == Part::kOffset) return {{cell.row, ColumnNo(0)}, {cell.row, ColumnNo(columns)}};
+  int byte = std::min(BytesEndedBefore(part, cell.column), std::max(columns - kTextColumn - 1, 0));
+  ColumnSpan one{byte, byte + 1}, cells = part == Part::kText ? TextOf(one) : DigitsOf(one);
+  return {{cell.row, ColumnNo(cells.from)}, {cell.row, ColumnNo(std::min(cells.to, columns))}};
+}
+
 }  // namespace tarrow

@@ -23,6 +23,7 @@ class HexViewRows final : public ViewRows {
   ColumnSpan CopiedOf(LineNo row, const CellSelection& selection) override;
   FileRange BytesOf(const CellSelection& selection) override;
   CellSelection CellsOf(const FileRange& bytes) override;
+  CellSelection WordAt(CellPos cell) override;
 
  private:
   CFixedRecordFile& file_;

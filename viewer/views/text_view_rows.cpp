@@ -115,4 +115,9 @@ CellSelection TextViewRows::CellsOf(const FileRange& bytes) {
   return {start, end};
 }
 
+CellSelection TextViewRows::WordAt(CellPos cell) {
+  ColumnSpan word = Read(cell.row).WordAt(cell.column.value);
+  return {{cell.row, ColumnNo(word.from)}, {cell.row, ColumnNo(word.to)}};
+}
+
 }  // namespace tarrow

@@ -28,6 +28,7 @@ class TextViewRows final : public ViewRows {
   ColumnSpan CopiedOf(LineNo row, const CellSelection& selection) override;
   FileRange BytesOf(const CellSelection& selection) override;
   CellSelection CellsOf(const FileRange& bytes) override;
+  CellSelection WordAt(CellPos cell) override;
 
  private:
   std::string_view BytesOfLine(LineNo row);

@@ -15,6 +15,7 @@ std::string SelectedText(ViewRows& rows, const CellSelection& selection, std::si
     ColumnSpan span = rows.CopiedOf(row, selection);
     text += Utf16ToUtf8(rows.Read(row).Piece(span).text);
     if (text.size() > most) throw CMemoryException();
+    if (progress) progress->SetDone(row - first);
     ticker.Tick();
   }
   return text;

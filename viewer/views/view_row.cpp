@@ -25,6 +25,12 @@ bool IsWide(char32_t code) {
   return found != std::end(kWide) && found->first <= code;
 }
 
+// Beyond ASCII all that is no blank counts as a letter.
+bool IsWordUnit(char16_t unit) {
+  bool isLetter = (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z');
+  return isLetter || (unit >= u'0' && unit <= u'9') || unit == u'_' || unit > 0xBF;
+}
+
 }  // namespace
 
 int CellsOf(char32_t code) {
@@ -73,6 +79,18 @@ int ViewRow::SnapBack(int column) const {
   int at = 0;
   for (std::size_t unit = 0; unit < cells_.size() && at + cells_[unit] <= column; ++unit) at += cells_[unit];
   return at;
+}
+
+ColumnSpan ViewRow::WordAt(int column) const {
+  int from = SnapBack(column), to = SnapForward(from + 1);
+  auto isWord = [&](int at) {
+    Place place = PlaceAt(at);
+    return place.unit < text_.size() && IsWordUnit(text_[place.unit]);
+  };
+  if (!isWord(from)) return {from, to};
+  while (from > 0 && isWord(SnapBack(from - 1))) from = SnapBack(from - 1);
+  while (to < columns_ && isWord(to)) to = SnapForward(to + 1);
+  return {from, to};
 }
 
 RowPiece ViewRow::Piece(ColumnSpan span) const {

@@ -49,6 +49,10 @@ class ViewRow {
   int SnapBack(int column) const;
   int SnapForward(int column) const;
 
+  // The word that stands at `column`: letters, digits and "_", or a single character of any other kind; empty
+  // behind the last.
+  ColumnSpan WordAt(int column) const;
+
   // The characters that lie within `span` with all their cells.
   RowPiece Piece(ColumnSpan span) const;
 

@@ -57,6 +57,9 @@ class ViewRows {
   // byte at the caret.
   virtual FileRange BytesOf(const CellSelection& selection) = 0;
   virtual CellSelection CellsOf(const FileRange& bytes) = 0;
+
+  // What a double click on a cell selects.
+  virtual CellSelection WordAt(CellPos cell) = 0;
 };
 
 }  // namespace tarrow

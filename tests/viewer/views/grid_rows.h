@@ -37,6 +37,7 @@ class GridRows final : public ViewRows {
   }
   FileRange BytesOf(const CellSelection&) override { return {}; }
   CellSelection CellsOf(const FileRange&) override { return {}; }
+  CellSelection WordAt(CellPos cell) override { return {cell, cell}; }
 
   int reads = 0;
 

@@ -69,6 +69,14 @@ TEST_F(HexView, SelectsWhatWasFoundByItsBytes) {
       ASSERT_EQ(rows.BytesOf(rows.CellsOf({start, end})), (FileRange{start, end}));
 }
 
+TEST_F(HexView, ADoubleClickSelectsAByteOrARow) {
+  Open(std::string(20, 'x'));
+  EXPECT_EQ(rows.WordAt({LineNo(0), ColumnNo(11)}), Select(0, 10, 0, 12));
+  EXPECT_EQ(rows.WordAt({LineNo(0), ColumnNo(50)}), Select(0, 50, 0, 51));
+  EXPECT_EQ(rows.WordAt({LineNo(1), ColumnNo(4)}), Select(1, 0, 1, 51));
+  EXPECT_EQ(rows.BytesOf(rows.WordAt({LineNo(1), ColumnNo(40)})), (FileRange{19, 20})) << "behind the last";
+}
+
 TEST_F(HexView, AnAddressHasItsCell) {
   EXPECT_EQ(HexCellOf(0xFF), (CellPos{LineNo(15), ColumnNo(43)}));
   EXPECT_EQ(HexCellOf(0xFFFFFFFF), (CellPos{LineNo(0x0FFFFFFF), ColumnNo(43)}));

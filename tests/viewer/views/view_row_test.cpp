@@ -33,6 +33,16 @@ TEST(ViewRow, ACaretStandsBeforeCharactersOnly) {
   EXPECT_EQ(Row({}).SnapBack(3), 0);
 }
 
+TEST(ViewRow, AWordIsLettersOrOneOtherCharacter) {
+  ViewRow row = Row({U'i', U'n', U't', U' ', U' ', U'a', U'_', U'1', kWide, U'\u00E9', U'(', U')'});
+  EXPECT_EQ(row.WordAt(0), (ColumnSpan{0, 3}));
+  EXPECT_EQ(row.WordAt(2), (ColumnSpan{0, 3}));
+  EXPECT_EQ(row.WordAt(3), (ColumnSpan{3, 4}));
+  EXPECT_EQ(row.WordAt(9), (ColumnSpan{5, 11})) << "within the wide character";
+  EXPECT_EQ(row.WordAt(11), (ColumnSpan{11, 12}));
+  EXPECT_TRUE(row.WordAt(13).Empty());
+}
+
 TEST(ViewRow, PiecesNeverCutACharacter) {
   ViewRow row = Row({U'a', kWide, U'e', kMark, kPair, U'z'});
   RowPiece piece = row.Piece({2, 5});
