@@ -6,8 +6,8 @@
 #include "console/system.h"
 #include "ui/program/string_ids.h"
 #include "ui/program/string_table.h"
-#include "viewer/hex_rows.h"
-#include "viewer/record_file.h"
+#include "viewer/records/hex_rows.h"
+#include "viewer/records/record_file.h"
 
 #include <limits>
 

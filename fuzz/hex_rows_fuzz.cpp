@@ -1,5 +1,5 @@
 // Any bytes at any offset make a row from which they can be read back.
-#include "viewer/hex_rows.h"
+#include "viewer/records/hex_rows.h"
 
 #include <cstdint>
 #include <cstdio>

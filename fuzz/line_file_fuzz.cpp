@@ -1,7 +1,7 @@
 // Any bytes are a text file: its lines are the naive splitter's, and reading them never leaves the buffer.
-#include "viewer/record_file.h"
+#include "viewer/records/record_file.h"
 
-#include "tests/viewer/naive_lines.h"
+#include "tests/viewer/records/naive_lines.h"
 
 #include <cstdint>
 #include <cstdlib>

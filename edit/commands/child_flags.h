@@ -20,6 +20,7 @@ enum ChildFlag : std::uint32_t {
   kUntitled = 0x80,
   kOvertype = 0x100,
   kModified = 0x200,
+  kFileView = 0x400,
 };
 
 inline constexpr std::uint32_t kSessionFlags = 0x3F;
@@ -32,6 +33,22 @@ inline std::uint32_t NewWindowFlags(const GlobalSettings& settings) {
   if (settings.Has(kMaintainIndentation)) flags |= kAlignLines;
   if (settings.Has(kBlockIndent)) flags |= kAlignLines | kIndentBlocks;
   return flags;
+}
+
+// What kind of window a document has. The session keeps it in the bits of the window: a text view, which
+// indents nothing, is told by block indent without the bit that it never comes without elsewhere.
+enum class DocumentForm { kEdit, kHexView, kTextView };
+
+constexpr DocumentForm FormOf(std::uint32_t flags) {
+  if (flags & kViewInHex) return DocumentForm::kHexView;
+  bool isTextView = (flags & (kAlignLines | kIndentBlocks)) == kIndentBlocks;
+  return isTextView ? DocumentForm::kTextView : DocumentForm::kEdit;
+}
+
+constexpr std::uint32_t WithForm(std::uint32_t flags, DocumentForm form) {
+  if (form == DocumentForm::kEdit) return flags;
+  flags &= ~std::uint32_t{kViewInHex | kAlignLines | kIndentBlocks};
+  return flags | (form == DocumentForm::kHexView ? kViewInHex : kIndentBlocks);
 }
 
 // Maintain Indentation: going off, it takes Block Indent with it.

@@ -15,6 +15,7 @@
 #include "edit/control/line_layout.h"
 #include "edit/text/charset.h"
 #include "edit/text/text_buffer.h"
+#include "framework/wheel.h"
 #include "framework/wnd.h"
 
 #include <memory>
@@ -281,7 +282,7 @@ class TextControl final : public CWnd {
   bool hasFocus_ = false;
 
   std::optional<TextRange> drag_;  // what a drag keeps selected while the mouse is held
-  int wheel_ = 0, wheelSideways_ = 0;
+  Wheel wheel_, wheelSideways_;
   bool wordDeleted_ = false;  // by the key whose character is still to come
   char16_t highSurrogate_ = 0;
   std::string leadByte_;

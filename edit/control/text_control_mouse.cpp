@@ -11,20 +11,6 @@ namespace {
 constexpr UINT_PTR kDragTimer = 1;
 constexpr UINT kDragPeriod = 50;  // milliseconds between two steps of scrolling beyond the edge
 
-// How many whole units of scrolling a wheel has turned, keeping the rest for its next message.
-int WheelSteps(int& rest, int delta, UINT perNotch) {
-  rest += delta * static_cast<int>(perNotch);
-  int steps = rest / WHEEL_DELTA;
-  rest -= steps * WHEEL_DELTA;
-  return steps;
-}
-
-UINT WheelSetting(UINT which) {
-  UINT perNotch = 3;
-  ::SystemParametersInfoW(which, 0, &perNotch, 0);
-  return perNotch;
-}
-
 }  // namespace
 
 // While the button is held, `anchor` stays selected: nothing for a click, a word for a double click.
@@ -90,15 +76,13 @@ void TextControl::OnRButtonDown(UINT keys, POINT at) {
 
 void TextControl::OnMouseWheel(int delta, UINT keys, POINT screen) {
   if (keys & MK_SHIFT) return OnMouseHWheel(-delta, keys, screen);
-  UINT perNotch = WheelSetting(SPI_GETWHEELSCROLLLINES);
-  if (perNotch == WHEEL_PAGESCROLL) perNotch = static_cast<UINT>(std::max(1, LinesInView() - 1));
-  std::int64_t top = top_.value - WheelSteps(wheel_, delta, perNotch);
+  std::int64_t top = top_.value - wheel_.Steps(delta, Wheel::Lines(std::max(1, LinesInView() - 1)));
   std::int64_t lowest = std::max(LastTop(), top_).value;
   ScrollTo(LineNo(std::clamp<std::int64_t>(top, 0, lowest)), left_);
 }
 
 void TextControl::OnMouseHWheel(int delta, UINT, POINT) {
-  int steps = WheelSteps(wheelSideways_, delta, WheelSetting(SPI_GETWHEELSCROLLCHARS));
+  int steps = wheelSideways_.Steps(delta, Wheel::Columns());
   for (int i = 0; i < std::abs(steps); ++i) OnHScroll(steps < 0 ? SB_LINELEFT : SB_LINERIGHT, 0, nullptr);
 }
 

@@ -9,8 +9,8 @@
 
 #include "base/byte_source.h"
 #include "base/progress.h"
-#include "viewer/line_offsets.h"
-#include "viewer/line_scan.h"
+#include "viewer/records/line_offsets.h"
+#include "viewer/records/line_scan.h"
 
 #include <array>
 #include <cstdint>
@@ -59,8 +59,11 @@ class CRecordFile {
   std::uint32_t RecordCount() const { return count_; }
   // For lines, the length of the longest one without its line end.
   std::uint32_t RecordLength() const { return length_; }
-  // The size of the file when it was opened.
+  // The size of the file when it was opened, or when a fixed-record file was last refreshed.
   std::uint64_t FileSize() const { return fileSize_; }
+
+  // Forgets what has been read, so that the next read sees the file as it is now. Throws CFileException.
+  void Discard();
 
  protected:
   explicit CRecordFile(std::uint32_t length) : length_(length) {}
@@ -68,6 +71,7 @@ class CRecordFile {
   // Takes the source over in place of the one before and notes its size; false when that is above `limit`.
   [[nodiscard]] bool Attach(std::unique_ptr<ByteSource> source, std::uint64_t limit);
   ByteSource& Source() { return *source_; }
+  void SetFileSize(std::uint64_t size) { fileSize_ = size; }
 
   void SeekTo(std::uint64_t position);
   std::uint64_t Position() const { return bufferStart_ + read_; }
@@ -113,6 +117,14 @@ class CLineFile final : public CRecordFile {
 
   LineTerminator Terminator() const { return terminator_; }
 
+  // Whether all of the file is UTF-8.
+  bool IsUtf8() const { return isUtf8_; }
+
+  // Where a line begins, by the index; `record` may be the count, for the end of the last line. And the line
+  // that holds a byte: the first or the last one for a byte before or behind all of them.
+  std::uint32_t StartOf(std::int32_t record) const { return offsets_[static_cast<std::size_t>(record)]; }
+  std::int32_t RecordAt(std::uint64_t offset) const;
+
  private:
   RecordFileOutcome BuildIndex(const NonAnsiQuestion& question, Progress* progress);
   RecordFileOutcome ScanAll(LineScan& scan, Progress* progress);
@@ -123,6 +135,7 @@ class CLineFile final : public CRecordFile {
 
   std::size_t tabWidth_ = 8;
   LineTerminator terminator_ = LineTerminator::kCrLf;
+  bool isUtf8_ = true;
   LineOffsets offsets_;
 };
 
@@ -133,6 +146,10 @@ class CFixedRecordFile final : public CRecordFile {
 
   [[nodiscard]] RecordFileOutcome Open(std::unique_ptr<ByteSource> source);
 
+  // Takes over the size that the file has now, as far as its records can be numbered, and forgets what has
+  // been read. Returns whether the size is another one. Throws CFileException.
+  bool Refresh();
+
   // A record that straddles the end of the buffer comes in two, the first one short. That cannot happen to a
   // length that divides 2048.
   std::size_t ReadRecord(std::span<char> into) override;
@@ -140,6 +157,9 @@ class CFixedRecordFile final : public CRecordFile {
   // The very end of the file is accepted; the read that follows returns 0.
   std::int32_t SeekRecord(std::int32_t record) override;
   std::uint32_t GetRecordLength(std::int32_t) const override { return length_; }
+
+ private:
+  std::uint64_t RecordsIn(std::uint64_t size) const { return (size + length_ - 1) / length_; }
 };
 
 }  // namespace tarrow

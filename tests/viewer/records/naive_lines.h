@@ -1,7 +1,7 @@
 // The line index as one would write it byte by byte: what the fast one must agree with.
 #pragma once
 
-#include "viewer/line_scan.h"
+#include "viewer/records/line_scan.h"
 
 #include <algorithm>
 #include <cstdint>

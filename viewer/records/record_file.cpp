@@ -1,9 +1,15 @@
-#include "viewer/record_file.h"
+#include "viewer/records/record_file.h"
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 
 namespace tarrow {
+namespace {
+
+constexpr std::uint64_t kLargestFixedFile = std::uint64_t{1} << 32;
+
+}  // namespace
 
 bool CRecordFile::Attach(std::unique_ptr<ByteSource> source, std::uint64_t limit) {
   Close();
@@ -23,6 +29,11 @@ void CRecordFile::Close() {
 void CRecordFile::Empty(std::uint64_t position) {
   bufferStart_ = position;
   valid_ = read_ = 0;
+}
+
+void CRecordFile::Discard() {
+  Empty(Position());
+  source_->Seek(bufferStart_);
 }
 
 void CRecordFile::SeekTo(std::uint64_t position) {
@@ -51,14 +62,24 @@ std::string_view CRecordFile::Available() {
 }
 
 RecordFileOutcome CFixedRecordFile::Open(std::unique_ptr<ByteSource> source) {
-  if (!Attach(std::move(source), std::uint64_t{1} << 32)) return RecordFileOutcome::kTooLarge;
-  std::uint64_t records = (FileSize() + length_ - 1) / length_;
+  if (!Attach(std::move(source), kLargestFixedFile)) return RecordFileOutcome::kTooLarge;
+  std::uint64_t records = RecordsIn(FileSize());
   if (records > std::numeric_limits<std::int32_t>::max()) {
     Close();
     return RecordFileOutcome::kTooLarge;
   }
   count_ = static_cast<std::uint32_t>(records);
   return RecordFileOutcome::kOpened;
+}
+
+bool CFixedRecordFile::Refresh() {
+  Discard();
+  std::uint64_t mostRecords = std::numeric_limits<std::int32_t>::max();
+  std::uint64_t size = std::min({Source().Size(), kLargestFixedFile, mostRecords * length_});
+  if (size == FileSize()) return false;
+  SetFileSize(size);
+  count_ = static_cast<std::uint32_t>(RecordsIn(size));
+  return true;
 }
 
 std::size_t CFixedRecordFile::ReadRecord(std::span<char> into) {

@@ -1,4 +1,4 @@
-#include "viewer/hex_rows.h"
+#include "viewer/records/hex_rows.h"
 
 #include <gtest/gtest.h>
 

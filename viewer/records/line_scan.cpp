@@ -1,4 +1,4 @@
-#include "viewer/line_scan.h"
+#include "viewer/records/line_scan.h"
 
 #include <algorithm>
 #include <cstring>

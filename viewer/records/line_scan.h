@@ -6,7 +6,7 @@
 #pragma once
 
 #include "base/byte_mask.h"
-#include "viewer/line_offsets.h"
+#include "viewer/records/line_offsets.h"
 
 #include <functional>
 #include <string_view>

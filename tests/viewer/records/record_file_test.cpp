@@ -1,7 +1,8 @@
-#include "viewer/record_file.h"
+#include "viewer/records/record_file.h"
 
 #include "base/exceptions.h"
 #include "naive_lines.h"
+#include "viewer/records/first_bytes.h"
 
 #include <gtest/gtest.h>
 
@@ -239,6 +240,60 @@ TEST_F(RecordFile, AFileThatShrinksGivesWhatIsLeft) {
   EXPECT_EQ(Record(rows, 16), "");
   EXPECT_EQ(rows.SeekRecord(2), 2);
   EXPECT_EQ(Record(rows, 16).size(), 8u);
+}
+
+TEST_F(RecordFile, ARefreshSeesTheFileAsItIsNow) {
+  bytes.assign(40, 'a');
+  CFixedRecordFile rows(16);
+  ASSERT_EQ(rows.Open(Source()), RecordFileOutcome::kOpened);
+  EXPECT_EQ(Record(rows, 16), std::string(16, 'a'));
+  bytes.assign(70, 'b');
+  EXPECT_EQ(Record(rows, 16), std::string(16, 'a')) << "what was read ahead";
+  EXPECT_EQ(rows.SeekRecord(1), 1);
+  EXPECT_TRUE(rows.Refresh());
+  EXPECT_FALSE(rows.Refresh());
+  EXPECT_EQ(rows.RecordCount(), 5u);
+  EXPECT_EQ(rows.FileSize(), 70u);
+  EXPECT_EQ(Record(rows, 16), std::string(16, 'b'));
+  TestSource::claimed = 0x2'0000'0000;
+  EXPECT_TRUE(rows.Refresh());
+  EXPECT_EQ(rows.RecordCount(), 0x1000'0000u);
+}
+
+TEST_F(RecordFile, FindsTheLineOfAByte) {
+  bytes = "a\r\nbb\r\nc";
+  CLineFile file(8);
+  ASSERT_EQ(file.Open(Source()), RecordFileOutcome::kOpened);
+  constexpr int kLines[] = {0, 0, 0, 1, 1, 1, 1, 2, 2, 2, 2};
+  for (std::uint64_t at = 0; at < std::size(kLines); ++at) EXPECT_EQ(file.RecordAt(at), kLines[at]) << at;
+  EXPECT_EQ(file.StartOf(2), 7u);
+  bytes.clear();
+  ASSERT_EQ(file.Open(Source()), RecordFileOutcome::kOpened);
+  EXPECT_EQ(file.RecordAt(5), 0);
+}
+
+TEST_F(RecordFile, KnowsUtf8AcrossTheBlocksOfTheScan) {
+  bytes = std::string((128 << 10) - 1, 'x') + "\xC3\xA9\n";
+  CLineFile file(8);
+  ASSERT_EQ(file.Open(Source()), RecordFileOutcome::kOpened);
+  EXPECT_TRUE(file.IsUtf8());
+  bytes.back() = '\x80';
+  ASSERT_EQ(file.Open(Source()), RecordFileOutcome::kOpened);
+  EXPECT_FALSE(file.IsUtf8());
+}
+
+TEST_F(RecordFile, TheFirstBytesOfALongSource) {
+  bytes = "0123456789";
+  FirstBytes first(Source(), 6);
+  EXPECT_EQ(first.Size(), 6u);
+  std::string read(4, '#');
+  EXPECT_EQ(first.Read(read), 4u);
+  EXPECT_EQ(first.Read(read), 2u);
+  EXPECT_EQ(read.substr(0, 2), "45");
+  first.Seek(8);
+  EXPECT_EQ(first.Read(read), 0u);
+  bytes = "0123";
+  EXPECT_EQ(first.Size(), 4u);
 }
 
 TEST_F(RecordFile, FailuresLeaveItClosedOrThrow) {

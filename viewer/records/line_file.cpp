@@ -1,5 +1,6 @@
 #include "base/byte_scan.h"
-#include "viewer/record_file.h"
+#include "viewer/records/record_file.h"
+#include "viewer/records/utf8_check.h"
 
 #include <algorithm>
 #include <cstring>
@@ -80,14 +81,18 @@ RecordFileOutcome CLineFile::BuildIndex(const NonAnsiQuestion& question, Progres
 RecordFileOutcome CLineFile::ScanAll(LineScan& scan, Progress* progress) {
   auto buffer = std::make_unique_for_overwrite<char[]>(kScanSize);
   std::uint64_t scanned = 0;
+  Utf8Check utf8;
   ProgressTicker ticker(progress, 1);
   for (std::size_t n = kScanSize; n == kScanSize;) {
     n = Source().Read({buffer.get(), kScanSize});
     scanned += n;
     if (scanned > kLargestFile) return RecordFileOutcome::kTooLarge;
     if (!scan.Scan({buffer.get(), n})) return RecordFileOutcome::kDeclined;
+    utf8.Take({buffer.get(), n});
+    if (progress) progress->SetDone(static_cast<std::int64_t>(scanned));
     ticker.Tick();
   }
+  isUtf8_ = utf8.IsUtf8();
   return RecordFileOutcome::kOpened;
 }
 
@@ -96,6 +101,18 @@ std::int32_t CLineFile::SeekRecord(std::int32_t record) {
   if (static_cast<std::uint32_t>(record) >= count_) return kPastEnd;
   SeekTo(offsets_[static_cast<std::size_t>(record)]);
   return current_ = record;
+}
+
+std::int32_t CLineFile::RecordAt(std::uint64_t offset) const {
+  std::int32_t first = 0, last = static_cast<std::int32_t>(count_) - 1;
+  while (first < last) {
+    std::int32_t middle = last - (last - first) / 2;
+    if (StartOf(middle) <= offset)
+      first = middle;
+    else
+      last = middle - 1;
+  }
+  return first;
 }
 
 std::uint32_t CLineFile::GetRecordLength(std::int32_t record) const {

@@ -1,0 +1,29 @@
+// SearchableFile: a document window that Find goes through by the bytes of its file, piece by piece, because
+// the file is never in memory as a whole.
+#pragma once
+
+#include "base/byte_source.h"
+#include "base/file_range.h"
+#include "edit/text/charset.h"
+
+#include <memory>
+
+namespace tarrow {
+
+class SearchableFile {
+ public:
+  // A source of its own for the bytes, which outlives the window if need be. Throws CFileException.
+  [[nodiscard]] virtual std::unique_ptr<ByteSource> OpenBytes() const = 0;
+
+  // What patterns are put into.
+  virtual Charset SearchCharset() const = 0;
+
+  // The bytes that are selected, empty at the caret; and selects bytes and shows them.
+  virtual FileRange SelectedBytes() = 0;
+  virtual void SelectBytes(const FileRange& bytes) = 0;
+
+ protected:
+  ~SearchableFile() = default;
+};
+
+}  // namespace tarrow
