@@ -17,13 +17,14 @@ class Search {
          Progress* progress)
       : pattern_(pattern),
         plan_(PlanOf(pattern)),
-        words_(pattern.Alphabet().words),
+        program_(pattern.prepared.search->program),
+        words_(program_.alphabet->words),
         text_(text),
         size_(text.Size()),
         stop_(stop),
         registers_(registers),
         ticker_(progress),
-        matcher_(pattern, ProgramOf(pattern), text_, 0, stop, ticker_) {}
+        matcher_(pattern, program_, text_, 0, stop, ticker_) {}
 
   std::int32_t Forward(std::int32_t start, std::int32_t range) {
     bool reachesEnd = range > size_ - start;
@@ -186,6 +187,7 @@ class Search {
 
   CompiledPattern& pattern_;
   const SearchPlan& plan_;
+  MatchProgram& program_;
   const ByteClass& words_;
   Text text_;
   std::int32_t size_;
