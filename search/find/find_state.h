@@ -39,6 +39,7 @@ struct FindState {
   MatchRegisters registers;  // of the last match
 
   OwnSelection own;                // what was selected last
+  bool ownIsMatch = false;         // a match, not what has replaced one
   std::optional<TextRange> scope;  // the selection that a search in the selection keeps to
 
   // Sets the options; a change of them asks for a new compile.
