@@ -2,7 +2,6 @@
 #include "console/commands.h"
 #include "console/system.h"
 #include "search/files/file_search.h"
-#include "search/pattern/find_pattern.h"
 #include "search/pattern/regex_compiler.h"
 #include "ui/program/string_table.h"
 
@@ -12,9 +11,9 @@ int RunSearch(const Arguments& arguments, Console& console) {
   std::vector<std::string> names = arguments.Operands();
   std::string text = names.front();
   names.erase(names.begin());
-  CompiledPattern pattern;
+  LinePattern pattern;
   FindOptions options{.matchCase = !arguments.Has('i'), .wholeWord = arguments.Has('w')};
-  PatternError error = CompileFindPattern(text, options, pattern);
+  PatternError error = pattern.Compile(text, options);
   if (error != PatternError::kNone)
     throw UsageError(FormatText("'%s': %s", {text, FindText(PatternErrorMessage(error))}));
   auto listing = arguments.Has('c') ? FileSearch::Listing::kCounts : FileSearch::Listing::kLines;

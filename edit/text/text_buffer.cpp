@@ -63,6 +63,7 @@ void TextBuffer::MakeRoom(TextRange range, std::string_view text) {
 }
 
 void TextBuffer::ReplaceBytes(TextRange range, std::string_view text) noexcept {
+  ++changes_;
   TextView view = View();
   lines_.Replace(range, view.At(range.start - 1), text, view.At(range.end));
   bytes_.MoveGap(static_cast<std::size_t>(range.start.value));

@@ -69,6 +69,9 @@ class TextBuffer {
   void FinishLoad(std::int64_t size);
   void FinishLoad(std::int64_t size, std::size_t lineStarts);
 
+  // How often the text has been changed: as long as this stays, so does the text.
+  std::uint64_t Changes() const { return changes_; }
+
   // How many bytes were moved since the beginning: what changing costs, for tests without a clock.
   std::uint64_t MovedBytes() const { return bytes_.MovedBytes() + lines_.MovedBytes(); }
 
@@ -82,6 +85,7 @@ class TextBuffer {
   GapVector<char, 1> bytes_;
   LineIndex lines_;
   Undo undo_;
+  std::uint64_t changes_ = 0;
 };
 
 }  // namespace tarrow

@@ -2,7 +2,6 @@
 
 #include "base/byte_scan.h"
 #include "base/text_format.h"
-#include "search/pattern/first_char_map.h"
 #include "search/pattern/pattern_search.h"
 #include "search/pattern/prepared_search.h"
 
@@ -20,12 +19,13 @@ constexpr std::size_t kOutputSize = 64 * 1024;
 
 // The lines of one file, as they come through the buffer. Whole stretches that cannot match are passed over
 // by the same plan that a search in one text goes by; their lines are only counted, and that only when a
-// number is needed.
+// number is needed. Where the pattern asks for it, lines beyond ASCII are taken one by one.
 class FileSearch::Lines {
  public:
   Lines(FileSearch& search, std::string_view shownName)
       : search_(search),
-        plan_(PlanOf(search.pattern_)),
+        plain_(search.pattern_.Plain()),
+        plan_(PlanOf(plain_)),
         prefix_(std::string(shownName) + "("),
         isListing_(search.listing_ == Listing::kLines),
         ticker_(search.progress_) {}
@@ -34,10 +34,11 @@ class FileSearch::Lines {
   // is not complete is left alone. Returns how many bytes were taken.
   std::size_t Search(std::string_view block, bool isLast) {
     block_ = block;
-    counted_ = 0;
+    counted_ = beyond_ = 0;
     std::size_t at = 0;
     while (at < block.size()) {
       ticker_.Tick();
+      FindBeyondAscii(at);
       std::size_t start = LineOf(NextCandidate(at), at);
       std::size_t end = start + FindByte(block.substr(start), '\n');
       if (end == block.size() && !isLast) {
@@ -53,7 +54,8 @@ class FileSearch::Lines {
   // Takes as many whole lines of 255 characters as there are in `block`, none of which is a line feed.
   std::size_t SearchPieces(std::string_view block) {
     std::size_t at = 0;
-    for (; block.size() - at > kMaxLine; at += kMaxLine) SearchPiece(block.substr(at, kMaxLine));
+    CompiledPattern& pattern = beyond_ < block.size() ? search_.pattern_.ForPart(block) : plain_;
+    for (; block.size() - at > kMaxLine; at += kMaxLine) SearchPiece(pattern, block.substr(at, kMaxLine));
     return at;
   }
 
@@ -65,15 +67,23 @@ class FileSearch::Lines {
   }
 
  private:
+  // Moves beyond_ to the first byte from `at` on that is not ASCII; behind the block if none matters.
+  void FindBeyondAscii(std::size_t at) {
+    if (search_.pattern_.IsPlainForAll())
+      beyond_ = block_.size();
+    else if (beyond_ <= at)
+      beyond_ = at + FindHighByte(block_.substr(at));
+  }
+
   // The first byte from `at` on that could belong to a match: no line before its own matches.
   std::size_t NextCandidate(std::size_t at) {
-    std::string_view rest = block_.substr(at);
+    std::string_view ascii = block_.substr(at, beyond_ - at);
     bool hasLiteral = plan_.skipBy == SkipBy::kFixedLiteral || plan_.skipBy == SkipBy::kReachedLiteral;
     if (hasLiteral && !plan_.orTextEnd) {
-      std::size_t found = plan_.literal.Find(rest);
-      return found == LiteralFinder::kNotFound ? block_.size() : at + found;
+      std::size_t found = plan_.literal.Find(ascii);
+      return found == LiteralFinder::kNotFound ? beyond_ : at + found;
     }
-    return plan_.needsFirst ? at + plan_.first.FindFirst(rest) : at;
+    return plan_.needsFirst ? at + plan_.first.FindFirst(ascii) : at;
   }
 
   // The start of the line that holds the byte at `place`; no line before `from` is looked at.
@@ -90,22 +100,22 @@ class FileSearch::Lines {
     std::string_view line = block_.substr(start, end - start);
     if (hasFeed && !line.empty() && line.back() == '\r') line.remove_suffix(1);
     if (isListing_) CountTo(start);
+    CompiledPattern& pattern = beyond_ < end ? search_.pattern_.ForLine(line) : plain_;
     while (line.size() + hasFeed > kMaxLine) {
-      SearchPiece(line.substr(0, kMaxLine));
+      SearchPiece(pattern, line.substr(0, kMaxLine));
       line.remove_prefix(kMaxLine);
     }
-    if (!line.empty() || hasFeed) SearchPiece(line);
+    if (!line.empty() || hasFeed) SearchPiece(pattern, line);
     counted_ = end + hasFeed;
     return counted_;
   }
 
   // Searches one line by itself, and numbers it.
-  void SearchPiece(std::string_view line) {
+  void SearchPiece(CompiledPattern& pattern, std::string_view line) {
     ++lineNumber_;
     if (line.empty()) return;
     auto size = static_cast<std::int32_t>(line.size());
-    if (SearchPattern(search_.pattern_, TextView(line), BytePos(0), size, nullptr, search_.progress_) < 0)
-      return;
+    if (SearchPattern(pattern, TextView(line), BytePos(0), size, nullptr, search_.progress_) < 0) return;
     ++matchCount_;
     if (isListing_) Append(line);
   }
@@ -144,27 +154,27 @@ class FileSearch::Lines {
   }
 
   FileSearch& search_;
+  CompiledPattern& plain_;
   const SearchPlan& plan_;
   std::string prefix_;
   bool isListing_;
   ProgressTicker ticker_;
   std::string_view block_;
+  std::size_t beyond_ = 0;   // the next byte of the block for which the plain pattern may not do
   std::size_t counted_ = 0;  // the lines of the block before this place are in lineNumber_
   std::int64_t lineNumber_ = 0;
   std::int64_t matchCount_ = 0;
   std::string output_;
 };
 
-FileSearch::FileSearch(CompiledPattern& pattern, Listing listing, TextSink& sink, Progress* progress,
+FileSearch::FileSearch(LinePattern& pattern, Listing listing, TextSink& sink, Progress* progress,
                        std::string_view lineEnd)
     : pattern_(pattern),
       listing_(listing),
       sink_(sink),
       progress_(progress),
       lineEnd_(lineEnd),
-      buffer_(kBufferSize) {
-  if (!pattern_.mapValid) ComputeFirstCharMap(pattern_);
-}
+      buffer_(kBufferSize) {}
 
 FileSearch::~FileSearch() = default;
 

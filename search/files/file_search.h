@@ -2,13 +2,14 @@
 //
 // A line has at most 255 characters, its line feed among them; a longer one counts as several, each searched
 // by itself. A carriage return before a line feed belongs to the line end. Lines are counted from 1; an empty
-// one is counted and never matches. Within a line the pattern is searched for as in a text of its own.
+// one is counted and never matches. Within a line the pattern is searched for as in a text of its own, in the
+// character set that the line tells.
 #pragma once
 
 #include "base/byte_source.h"
 #include "base/progress.h"
 #include "base/text_sink.h"
-#include "search/pattern/compiled_pattern.h"
+#include "search/files/line_pattern.h"
 
 #include <cstdint>
 #include <string>
@@ -23,7 +24,7 @@ class FileSearch {
 
   // Finds `pattern`, which has been compiled, and writes to `sink`; both outlive the search. `progress` may
   // be null. Written lines end in `lineEnd`.
-  FileSearch(CompiledPattern& pattern, Listing listing, TextSink& sink, Progress* progress,
+  FileSearch(LinePattern& pattern, Listing listing, TextSink& sink, Progress* progress,
              std::string_view lineEnd = "\r\n");
   ~FileSearch();
 
@@ -36,7 +37,7 @@ class FileSearch {
  private:
   class Lines;
 
-  CompiledPattern& pattern_;
+  LinePattern& pattern_;
   Listing listing_;
   TextSink& sink_;
   Progress* progress_;

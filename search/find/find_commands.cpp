@@ -1,11 +1,14 @@
 #include "search/find/find_commands.h"
 
 #include "edit/control/text_control.h"
+#include "framework/text_resources.h"
 #include "search/find/find_in_window.h"
+#include "search/find/match_place.h"
 #include "ui/program/help_topics.h"
 #include "ui/program/private_messages.h"
 #include "ui/program/string_ids.h"
 
+#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -20,6 +23,18 @@ RECT ClientOnScreen(HWND window) {
   ::GetClientRect(window, &client);
   ::MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&client), 2);
   return client;
+}
+
+// Where the selection of the text stands on the screen, as far as the window shows it.
+Box ScreenBoxOf(const TextControl& control) {
+  TextRange selection = control.Selection();
+  POINT start = control.PointOf(selection.start), end = control.PointOf(selection.end);
+  RECT client = ClientOnScreen(control.Handle());
+  auto x = [&](LONG of) { return static_cast<int>(std::clamp(client.left + of, client.left, client.right)); };
+  auto y = [&](LONG of) { return static_cast<int>(std::clamp(client.top + of, client.top, client.bottom)); };
+  bool isOneLine = start.y == end.y;
+  return {isOneLine ? x(start.x) : x(0), y(start.y),
+          isOneLine ? x(end.x + 1) : static_cast<int>(client.right), y(end.y + control.LineHeight())};
 }
 
 }  // namespace
@@ -70,6 +85,7 @@ void FindCommands::Search(TextControl& control, UINT id) {
   state_.searchForward = id != kSearchFindPrev;
   if (id != kSearchReplaceNext) window.TakeSelection();
   if (window.Find() && id == kSearchReplaceNext) window.ReplaceSelection();
+  MoveDialogAside(window, control);
 }
 
 void FindCommands::OpenDialog(bool findOnly) {
@@ -112,19 +128,32 @@ void FindCommands::TakeFields(CTwFindReplaceDialog& dialog) {
   if (isAnother) state_.needsCompile = true;
   state_.pattern = std::move(pattern);
   state_.searchForward = dialog.SearchDown();
-  if (!dialog.IsFindOnly()) state_.replacement = dialog.ReplaceWith();
+  if (!dialog.IsFindOnly()) state_.replacement = dialog.Replacement();
   state_.SetOptions(dialog.MatchCase(), dialog.MatchWholeWord());
   state_.selectionOnly = dialog.SelectionOnly();
 }
 
-// With an unchanged pattern the selection is the last match, and Replace replaces it at once.
+// With an unchanged pattern Replace replaces the last match at once, if it is still what is selected.
 void FindCommands::Obey(CTwFindReplaceDialog& dialog, TextControl& control) {
   FindInWindow window = In(control, BoxOwner(control));
-  if (dialog.IsReplaceAll()) return window.ReplaceAll();
-  if (dialog.IsFindNext()) return void(window.Find());
-  if (!dialog.IsReplace()) return;
-  bool isFound = !state_.needsCompile && !state_.selectionOnly;
-  if (isFound || window.Find()) window.ReplaceSelection();
+  auto find = [&] { return state_.selectionOnly ? window.FindInSelection() : window.Find(); };
+  if (dialog.IsReplaceAll()) return Report(window.ReplaceAll());
+  if (dialog.IsFindNext()) find();
+  if (dialog.IsReplace()) {
+    bool isFound = !state_.needsCompile && window.IsAtMatch();
+    if (isFound || find()) window.ReplaceSelection();
+  }
+  MoveDialogAside(window, control);
+}
+
+void FindCommands::Report(std::size_t replacements) {
+  if (replacements == 0) return;
+  status_.ShowStatus(FormatTextResource(kTextReplaced, {replacements}), kStatusSeconds);
+}
+
+// Moves the dialog off what has been found or put there, and back onto the screen.
+void FindCommands::MoveDialogAside(const FindInWindow& window, const TextControl& control) {
+  if (dialog_ && window.IsOwn()) dialog_->MoveAside(ScreenBoxOf(control));
 }
 
 LRESULT FindCommands::OnDialogHelp(WPARAM, LPARAM) {

@@ -47,6 +47,8 @@ class FindCommands final : public CommandTarget {
   void ObeyDialog();
   void Obey(CTwFindReplaceDialog& dialog, TextControl& control);
   void TakeFields(CTwFindReplaceDialog& dialog);
+  void Report(std::size_t replacements);
+  void MoveDialogAside(const FindInWindow& window, const TextControl& control);
   void Warn() { messages_.Alert(MB_ICONEXCLAMATION); }
   HWND BoxOwner(const TextControl& control) const;
 

@@ -3,6 +3,7 @@
 #include "edit/control/clipboard_text.h"
 #include "framework/text_resources.h"
 #include "search/find/find_text.h"
+#include "search/find/match_place.h"
 #include "search/find/replace_all.h"
 #include "ui/program/progress_box.h"
 #include "ui/program/string_ids.h"
@@ -54,32 +55,72 @@ Replacement MakeReplacement(const FindState& state, const TextControl& control) 
 
 }  // namespace
 
+OwnSelection FindInWindow::Here() const {
+  return {&control_, control_.Buffer().Changes(), control_.Selection()};
+}
+
 void FindInWindow::TakeSelection() {
+  if (IsAtMatch()) return;
   TakeSelectionAsPattern(state_, control_.View(), control_.Selection(), control_.TextCharset());
 }
 
-bool FindInWindow::Find() {
+// Calls `findIt` with whom to ask and what to poll, and selects what it finds.
+template <typename FindIt>
+bool FindInWindow::FindBy(FindIt findIt) {
   CProgressBox box(boxOwner_, FormatTextResource(kTextSearching, {state_.pattern}));
   Boxes boxes(messages_, waiting_, box, boxOwner_, state_);
-  std::optional<TextRange> found =
-      FindText(state_, control_.View(), control_.Selection(), control_.TextCharset(), boxes, &box);
+  std::optional<TextRange> found = findIt(boxes, &box);
   if (!found) return false;
   control_.Select(*found);
+  ShowMatch(*found);
+  state_.own = Here();
+  state_.ownIsMatch = true;
   control_.PostCaretMoved();
   return true;
 }
 
+bool FindInWindow::Find() {
+  state_.scope.reset();
+  return FindBy([&](FindDialogue& user, Progress* progress) {
+    return FindText(state_, control_.View(), control_.Selection(), control_.TextCharset(), user, progress);
+  });
+}
+
+bool FindInWindow::FindInSelection() {
+  bool isFirst = !state_.scope || !IsOwn();
+  if (isFirst) state_.scope = control_.Selection();
+  TextRange rest{isFirst ? state_.scope->start : control_.Selection().end, state_.scope->end};
+  return FindBy([&](FindDialogue& user, Progress* progress) {
+    return FindTextWithin(state_, control_.View(), rest, isFirst, control_.TextCharset(), user, progress);
+  });
+}
+
+void FindInWindow::ShowMatch(TextRange match) {
+  const TextBuffer& text = control_.Buffer();
+  LineView view{control_.TopLine(), control_.LinesInView(), text.LastLine()};
+  LineNo top = TopForMatch(view, text.LineOf(match.start), text.LineOf(match.end));
+  control_.ScrollBy(0, top - view.top);
+}
+
 void FindInWindow::ReplaceSelection() {
-  BytePos start = control_.Selection().start;
+  TextRange replaced = control_.Selection();
+  BytePos start = replaced.start;
   std::string inserted;
   MakeReplacement(state_, control_).Build(control_.View(), state_.registers, inserted);
   if (!control_.ReplaceSelection(inserted, EditKind::kForgotten)) return;
-  control_.Select(start, start + static_cast<std::int64_t>(inserted.size()));
+  auto size = static_cast<std::int64_t>(inserted.size());
+  control_.Select(start, start + size);
+  if (state_.scope) state_.scope->end += size - replaced.Length();
+  state_.own = Here();
+  state_.ownIsMatch = false;
   control_.PostCaretMoved();
 }
 
-void FindInWindow::ReplaceAll() {
-  if (int message = CompileIfNeeded(state_, control_.TextCharset())) return Complain(message);
+std::size_t FindInWindow::ReplaceAll() {
+  if (int message = CompileIfNeeded(state_, control_.TextCharset(), control_.View())) {
+    Complain(message);
+    return 0;
+  }
   ReplaceAllResult result;
   {
     WaitState wait(waiting_);
@@ -90,8 +131,11 @@ void FindInWindow::ReplaceAll() {
                                 MakeReplacement(state_, control_), &box);
     if (!result.edits.Empty()) ApplyAll(result.edits);
   }
-  if (result.outOfMemory) return messages_.ReportOutOfMemory();
-  if (result.edits.Empty()) Complain(kTextNotFound);
+  if (result.outOfMemory)
+    messages_.ReportOutOfMemory();
+  else if (result.edits.Empty())
+    Complain(kTextNotFound);
+  return result.edits.Size();
 }
 
 // The caret ends behind the text inserted last.

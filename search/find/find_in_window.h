@@ -9,6 +9,8 @@
 #include "ui/program/messages.h"
 #include "ui/program/wait_state.h"
 
+#include <cstddef>
+
 namespace tarrow {
 
 class FindInWindow {
@@ -17,21 +19,35 @@ class FindInWindow {
   FindInWindow(Messages& messages, Waiting& waiting, FindState& state, TextControl& control, HWND boxOwner)
       : messages_(messages), waiting_(waiting), state_(state), control_(control), boxOwner_(boxOwner) {}
 
-  // Takes the selection as the pattern when it lies within a line.
+  // Takes the selection as the pattern when it lies within a line, unless it is the last match itself.
   void TakeSelection();
 
-  // Selects the next match in the direction of the find state, from the selection on; false when there is
-  // none, and the user knows.
+  // Selects the next match in the direction of the find state, from the selection on, and brings it into the
+  // middle of the view; false when there is none, and the user knows.
   bool Find();
+
+  // The same forwards within the selection that the user has made, as long as only Find() and
+  // ReplaceSelection() have changed it since.
+  bool FindInSelection();
+
+  // Whether the selection is what was selected here last, in a text that has not changed since; and whether
+  // that is a match.
+  bool IsOwn() const { return state_.own == Here(); }
+  bool IsAtMatch() const { return state_.ownIsMatch && IsOwn(); }
 
   // Replaces the selection by the replacement for the last match, for good, and selects what stands there
   // then.
   void ReplaceSelection();
 
   // Replaces all matches in the text, or in the selection if the find state says so, as one unit of undo.
-  void ReplaceAll();
+  // Returns how many there were; the user knows when there were none.
+  std::size_t ReplaceAll();
 
  private:
+  template <typename FindIt>
+  bool FindBy(FindIt findIt);
+  void ShowMatch(TextRange match);
+  OwnSelection Here() const;
   void ApplyAll(const EditList& edits);
   void Complain(int message);
 

@@ -6,8 +6,10 @@
 
 #include "framework/find_replace_dialog.h"
 #include "search/find/find_state.h"
+#include "search/find/match_place.h"
 
 #include <functional>
+#include <string>
 
 namespace tarrow {
 
@@ -22,10 +24,16 @@ class CTwFindReplaceDialog final : public CFindReplaceDialog {
   [[nodiscard]] bool Show(bool findOnly, HWND owner);
 
   bool IsFindOnly() const { return findOnly_; }
+
+  // What the field of the replacement holds now, UTF-8. Not every system's dialog tells it with every button.
+  std::string Replacement() const;
   bool SelectionOnly() const;
 
   // Whether the pattern has been edited since this was last asked.
   bool TakeTextChanged();
+
+  // Moves the dialog off a match on the screen, as little as needed and never off the screen.
+  void MoveAside(const Box& match);
 
   // Stores where the dialog stands in the find state.
   void RememberPlace();
@@ -38,6 +46,7 @@ class CTwFindReplaceDialog final : public CFindReplaceDialog {
   void OnFinalMessage() override { delete this; }
 
  private:
+  void Place(const Box& box);
   void OnFindWhatChanged();
   void OnDestroy();
 

@@ -13,18 +13,27 @@ bool HoldsLf(TextView text) {
   return FindByte(text.head, '\n') < text.head.size() || FindByte(text.tail, '\n') < text.tail.size();
 }
 
-// The pattern in the bytes of the charset. A character that the charset lacks occurs in no such text, so it
-// becomes a set that nothing is in; "?", which stands for it elsewhere, means something in a pattern.
-std::string PatternBytes(std::string_view pattern, Charset charset) {
-  if (charset.IsUtf8()) return std::string(pattern);
-  std::string bytes;
-  while (!pattern.empty()) {
-    Utf8Character c = ReadUtf8(pattern);
-    std::string encoded = charset.Encode(c.code);
-    bytes += encoded == "?" && c.code != '?' ? "[z-a]" : encoded;
-    pattern.remove_prefix(c.length);
-  }
-  return bytes;
+bool IsAscii(TextView text) {
+  return FindHighByte(text.head) == text.head.size() && FindHighByte(text.tail) == text.tail.size();
+}
+
+// Compiles anew unless the pattern is compiled for `wanted` already.
+PatternError CompileFor(FindState& state, FindState::For wanted, Charset charset) {
+  if (!state.needsCompile && state.compiledFor == wanted) return PatternError::kNone;
+  state.needsCompile = true;
+  FindOptions options{state.matchCase, state.wholeWord};
+  bool isOfBytes = wanted == FindState::For::kBytes;
+  PatternError error = isOfBytes ? CompileFindPattern(state.pattern, options, state.compiled)
+                                 : CompileFindPattern(state.pattern, options, charset, state.compiled);
+  if (error != PatternError::kNone) return error;
+  if (isOfBytes) state.needsUtf8 = NeedsUtf8(state.pattern, state.compiled);
+  state.compiledFor = wanted;
+  state.needsCompile = false;
+  return PatternError::kNone;
+}
+
+int MessageOf(PatternError error) {
+  return error == PatternError::kNone ? 0 : PatternErrorMessage(error);
 }
 
 }  // namespace
@@ -48,14 +57,18 @@ bool TakeSelectionAsPattern(FindState& state, TextView text, TextRange selection
 }
 
 int CompileIfNeeded(FindState& state, Charset charset) {
-  if (!state.needsCompile && state.compiledForUtf8 == charset.IsUtf8()) return 0;
-  state.needsCompile = true;
-  PatternError error = CompileFindPattern(PatternBytes(state.pattern, charset),
-                                          {state.matchCase, state.wholeWord}, state.compiled);
-  if (error != PatternError::kNone) return PatternErrorMessage(error);
-  state.compiledForUtf8 = charset.IsUtf8();
-  state.needsCompile = false;
-  return 0;
+  return MessageOf(
+      CompileFor(state, charset.IsUtf8() ? FindState::For::kBytes : FindState::For::kCodePage, charset));
+}
+
+// Whether the pattern of bytes will do is known when it has been compiled once.
+int CompileIfNeeded(FindState& state, Charset charset, TextView text) {
+  bool isForUtf8 = !state.needsCompile && state.compiledFor == FindState::For::kUtf8;
+  if (!charset.IsUtf8() || !isForUtf8)
+    if (int message = CompileIfNeeded(state, charset)) return message;
+  if (!charset.IsUtf8() || !state.needsUtf8) return 0;
+  return MessageOf(
+      CompileFor(state, IsAscii(text) ? FindState::For::kBytes : FindState::For::kUtf8, charset));
 }
 
 }  // namespace tarrow

@@ -13,6 +13,15 @@
 
 namespace tarrow {
 
+// A selection that a search or a replacement has made, by which it is told from one that the user has made.
+struct OwnSelection {
+  const void* text = nullptr;  // identity of the text
+  std::uint64_t changes = 0;   // how often it had been changed then
+  TextRange range;
+
+  friend bool operator==(const OwnSelection&, const OwnSelection&) = default;
+};
+
 struct FindState {
   std::string pattern;
   std::string replacement;
@@ -25,8 +34,13 @@ struct FindState {
   int dialogTop = -1;
 
   CompiledPattern compiled;
-  bool compiledForUtf8 = true;  // the character set that `compiled` is for
-  MatchRegisters registers;     // of the last match
+  enum class For { kBytes, kUtf8, kCodePage } compiledFor = For::kBytes;
+  bool needsUtf8 = false;    // the pattern of bytes would not do in UTF-8 beyond ASCII
+  MatchRegisters registers;  // of the last match
+
+  OwnSelection own;                // what was selected last
+  bool ownIsMatch = false;         // a match, not what has replaced one
+  std::optional<TextRange> scope;  // the selection that a search in the selection keeps to
 
   // Sets the options; a change of them asks for a new compile.
   void SetOptions(bool newMatchCase, bool newWholeWord);
@@ -36,8 +50,12 @@ struct FindState {
 // has changed by that; it then needs a compile.
 bool TakeSelectionAsPattern(FindState& state, TextView text, TextRange selection, Charset charset);
 
-// Compiles the pattern for texts in `charset` if it needs it. Returns the number of the message that says why
-// it does not compile, or 0.
+// Compiles the pattern for `text` in `charset` if it is not yet compiled for it. Returns the number of the
+// message that says why it does not compile, or 0.
+[[nodiscard]] int CompileIfNeeded(FindState& state, Charset charset, TextView text);
+
+// The same for bytes in `charset` that are not known: characters beyond ASCII have neither case nor word in
+// UTF-8 then.
 [[nodiscard]] int CompileIfNeeded(FindState& state, Charset charset);
 
 }  // namespace tarrow

@@ -48,16 +48,17 @@ Pass SecondPass(bool forward, TextView text) {
   return {text.End(), -text.Size()};
 }
 
-bool FindInPass(FindState& state, TextView text, Pass pass, Progress* progress) {
+bool FindInPass(FindState& state, TextView text, Pass pass, Progress* progress,
+                std::optional<BytePos> stop = std::nullopt) {
   if (pass.start > text.End()) return false;
-  return SearchPattern(state.compiled, text, pass.start, pass.range, &state.registers, progress) >= 0;
+  return SearchPattern(state.compiled, text, pass.start, pass.range, &state.registers, progress, stop) >= 0;
 }
 
 }  // namespace
 
 std::optional<TextRange> FindText(FindState& state, TextView text, TextRange selection, Charset charset,
                                   FindDialogue& user, Progress* progress) {
-  if (int message = CompileIfNeeded(state, charset)) {
+  if (int message = CompileIfNeeded(state, charset, text)) {
     user.Complain(message);
     return std::nullopt;
   }
@@ -74,6 +75,19 @@ std::optional<TextRange> FindText(FindState& state, TextView text, TextRange sel
     pass = SecondPass(forward, text);
   }
   return state.registers.Range(0);
+}
+
+std::optional<TextRange> FindTextWithin(FindState& state, TextView text, TextRange range, bool isFirst,
+                                        Charset charset, FindDialogue& user, Progress* progress) {
+  if (int message = CompileIfNeeded(state, charset, text)) {
+    user.Complain(message);
+    return std::nullopt;
+  }
+  Pass pass{range.start, range.Length()};
+  if (!isFirst) StepOffAnchors(pass, state.compiled, text);
+  if (FindInPass(state, text, pass, progress, range.end)) return state.registers.Range(0);
+  user.Complain(kTextNotFound);
+  return std::nullopt;
 }
 
 }  // namespace tarrow

@@ -24,4 +24,9 @@ class FindDialogue {
 std::optional<TextRange> FindText(FindState& state, TextView text, TextRange selection, Charset charset,
                                   FindDialogue& user, Progress* progress = nullptr);
 
+// The same forwards within `range`, in which the whole match lies, without a second attempt. `isFirst` tells
+// that the range is fresh: a match may lie at its very start.
+std::optional<TextRange> FindTextWithin(FindState& state, TextView text, TextRange range, bool isFirst,
+                                        Charset charset, FindDialogue& user, Progress* progress = nullptr);
+
 }  // namespace tarrow

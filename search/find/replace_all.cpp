@@ -1,6 +1,7 @@
 #include "search/find/replace_all.h"
 
 #include "search/pattern/pattern_search.h"
+#include "search/pattern/word_test.h"
 
 #include <algorithm>
 #include <new>
@@ -20,8 +21,9 @@ class Sweep {
         progress_(progress),
         ticker_(progress),
         at_(region.start),
+        end_(region.end),
         left_(region.Length()) {
-    if (at_ > BytePos(0)) before_ = text_[at_ - 1];
+    before_ = CharacterBefore(text_, at_);
   }
 
   void Run(EditList& edits) {
@@ -42,19 +44,32 @@ class Sweep {
       std::int32_t length = MatchHere();
       if (length == kMatcherOverflow) return std::nullopt;
       if (length > 0 || (length == 0 && !repeatsEmpty_)) return registers_.Range(0);
-      Step(repeatsEmpty_ ? CharacterLength() : 1);
+      Step(repeatsEmpty_ || pattern_.isForUtf8 ? CharacterLength() : 1);
       if (left_ <= 0) return std::nullopt;
     }
-    if (SearchPattern(pattern_, text_, at_, left_, &registers_, progress_) < 0) return std::nullopt;
+    if (SearchPattern(pattern_, text_, at_, left_, &registers_, progress_, end_) < 0) return std::nullopt;
     return registers_.Range(0);
   }
 
   // Whether what stands before the place in the new text differs, for an anchor, from what stood there.
-  bool SeesAnotherStart() const {
-    auto kind = [](std::optional<char> c) { return !c || *c == '\n' ? 2 : IsWordChar(*c) ? 1 : 0; };
-    std::optional<char> old;
-    if (at_ > BytePos(0)) old = text_[at_ - 1];
-    return kind(before_) != kind(old);
+  bool SeesAnotherStart() const { return KindOf(before_) != KindOf(CharacterBefore(text_, at_)); }
+
+  enum class Kind { kLineStart, kWord, kOther };
+
+  Kind KindOf(std::string_view character) const {
+    if (character.empty() || character == "\n") return Kind::kLineStart;
+    bool isWord = pattern_.isForUtf8 ? IsWordInPattern(Utf8In(character, 0).code)
+                                     : pattern_.Alphabet().IsWord(character[0]);
+    return isWord ? Kind::kWord : Kind::kOther;
+  }
+
+  // The bytes of the character before `at`, as the pattern sees characters; none at the start of the text.
+  std::string CharacterBefore(TextView text, BytePos at) const {
+    if (at == BytePos(0)) return {};
+    BytePos start = at - 1;
+    if (pattern_.isForUtf8)
+      start = WithText(text, [&](const auto& readable) { return BytePos(Utf8Start(readable, start.value)); });
+    return text.Copy({start, at});
   }
 
   // A search does not try a place whose character no match begins with.
@@ -68,9 +83,9 @@ class Sweep {
     bool hopeless = at_ == text_.End() && pattern_.canBeEmpty == CanBeEmpty::kNever;
     if (hopeless) return kNoMatch;
     std::string_view rest = text_.head.substr(static_cast<std::size_t>(at_.value));
-    TextView seen = before_ ? TextView({&*before_, 1}, rest) : TextView(rest);
-    BytePos place(before_ ? 1 : 0);
-    std::int32_t length = MatchAt(pattern_, seen, place, seen.End(), &registers_, progress_);
+    TextView seen = before_.empty() ? TextView(rest) : TextView(before_, rest);
+    BytePos place(static_cast<std::int64_t>(before_.size()));
+    std::int32_t length = MatchAt(pattern_, seen, place, place + (end_ - at_), &registers_, progress_);
     if (length >= 0) MoveRegisters(at_ - place);
     return length;
   }
@@ -87,9 +102,9 @@ class Sweep {
   // a "$" would be the same again.
   void GoOnBehind(TextRange match) {
     if (!inserted_.empty())
-      before_ = inserted_.back();
+      before_ = CharacterBefore(TextView(inserted_), TextView(inserted_).End());
     else if (match.start > at_)
-      before_ = text_[match.start - 1];
+      before_ = CharacterBefore(text_, match.start);
     left_ -= match.end - at_;
     at_ = match.end;
     repeatsEmpty_ = match.Empty();
@@ -105,7 +120,7 @@ class Sweep {
 
   void Step(std::int32_t bytes) {
     at_ += bytes;
-    if (at_ <= text_.End()) before_ = text_[at_ - 1];
+    if (at_ <= text_.End()) before_ = CharacterBefore(text_, at_);
     left_ -= bytes;
     repeatsEmpty_ = false;
   }
@@ -115,10 +130,11 @@ class Sweep {
   const Replacement& replacement_;
   Progress* progress_;
   ProgressTicker ticker_;
-  BytePos at_;                  // where the next search begins, in the old text
-  std::int32_t left_;           // how much of the region is left from there on
-  std::optional<char> before_;  // what stands before it in the new text, nothing at its start
-  bool repeatsEmpty_ = false;   // the last match was empty and lies here: another one would go on for ever
+  BytePos at_;                 // where the next search begins, in the old text
+  BytePos end_;                // of the region
+  std::int32_t left_;          // how much of the region is left from there on
+  std::string before_;         // the character before it in the new text, nothing at its start
+  bool repeatsEmpty_ = false;  // the last match was empty and lies here: another one would go on for ever
   MatchRegisters registers_;
   std::string inserted_;
 };

@@ -16,8 +16,7 @@ struct ReplaceAllResult {
   bool outOfMemory = false;  // the list ends where memory did
 };
 
-// Matches begin within `region` of `text`, or at its end, and inserted text is never searched. Throws what
-// `progress` throws.
+// Matches lie within `region` of `text`, and inserted text is never searched. Throws what `progress` throws.
 ReplaceAllResult ReplaceAll(CompiledPattern& pattern, std::string_view text, TextRange region,
                             const Replacement& replacement, Progress* progress = nullptr);
 

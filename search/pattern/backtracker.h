@@ -23,8 +23,8 @@ class Backtracker {
               std::int32_t stop, ProgressTicker& ticker)
       : pattern_(pattern),
         program_(program),
-        fold_(pattern.Fold()),
-        alphabet_(pattern.Alphabet()),
+        fold_(*program.fold),
+        alphabet_(*program.alphabet),
         text_(text),
         origin_(origin),
         stop_(stop),

@@ -28,6 +28,8 @@ class Decoder {
         jumpsTo_(code_.size() + 1),
         indexOf_(code_.size() + 1) {
     program_.isForUtf8 = pattern.isForUtf8;
+    program_.alphabet = &pattern.Alphabet();
+    program_.fold = &pattern.Fold();
   }
 
   MatchProgram Run() {

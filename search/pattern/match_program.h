@@ -59,6 +59,8 @@ struct MatchProgram {
   std::vector<ByteClass> classes;
   std::vector<CharacterSet> sets;
   bool isForUtf8 = false;
+  const ByteAlphabet* alphabet = nullptr;  // of the pattern
+  const FoldTable* fold = nullptr;
   int registerCount = 1;  // the highest register in use, plus one
   int stretchWeight = 1;  // of a way through the code without going round or back, in ticks
 };

@@ -13,15 +13,18 @@ namespace {
 template <typename Text>
 class Search {
  public:
-  Search(CompiledPattern& pattern, const Text& text, MatchRegisters* registers, Progress* progress)
+  Search(CompiledPattern& pattern, const Text& text, std::int32_t stop, MatchRegisters* registers,
+         Progress* progress)
       : pattern_(pattern),
         plan_(PlanOf(pattern)),
-        words_(pattern.Alphabet().words),
+        program_(pattern.prepared.search->program),
+        words_(program_.alphabet->words),
         text_(text),
         size_(text.Size()),
+        stop_(stop),
         registers_(registers),
         ticker_(progress),
-        matcher_(pattern, ProgramOf(pattern), text_, 0, size_, ticker_) {}
+        matcher_(pattern, program_, text_, 0, stop, ticker_) {}
 
   std::int32_t Forward(std::int32_t start, std::int32_t range) {
     bool reachesEnd = range > size_ - start;
@@ -174,8 +177,8 @@ class Search {
 
   std::int32_t Try(std::int32_t place) {
     if (plan_.atWordStart && place > 0 && words_.Has(text_[place - 1])) return kNoMatch;
-    // No match begins within a character.
-    if (pattern_.isForUtf8 && Utf8Start(text_, place) != place) return kNoMatch;
+    // No match begins behind the stop, nor within a character.
+    if (place > stop_ || (pattern_.isForUtf8 && Utf8Start(text_, place) != place)) return kNoMatch;
     std::int32_t length = matcher_.Run(place);
     if (length < 0) return length;
     if (registers_) matcher_.Report(place, *registers_);
@@ -184,9 +187,11 @@ class Search {
 
   CompiledPattern& pattern_;
   const SearchPlan& plan_;
+  MatchProgram& program_;
   const ByteClass& words_;
   Text text_;
   std::int32_t size_;
+  std::int32_t stop_;
   MatchRegisters* registers_;
   ProgressTicker ticker_;
   Backtracker<Text> matcher_;
@@ -195,12 +200,13 @@ class Search {
 }  // namespace
 
 std::int32_t SearchPattern(CompiledPattern& pattern, const TextView& text, BytePos start, std::int32_t range,
-                           MatchRegisters* registers, Progress* progress) {
+                           MatchRegisters* registers, Progress* progress, std::optional<BytePos> stop) {
   if (range == 0 || start.value < 0 || start > text.End()) return kNoMatch;
   try {
     if (!pattern.mapValid) ComputeFirstCharMap(pattern);
     return WithText(text, [&](const auto& accessible) {
-      Search search(pattern, accessible, registers, progress);
+      std::int32_t end = std::min(stop.value_or(text.End()), text.End()).value;
+      Search search(pattern, accessible, end, registers, progress);
       return range > 0 ? search.Forward(start.value, range) : search.Backward(start.value, range);
     });
   } catch (const std::bad_alloc&) {

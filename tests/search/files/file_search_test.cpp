@@ -1,12 +1,14 @@
 #include "search/files/file_search.h"
 
 #include "base/exceptions.h"
+#include "base/utf16.h"
 #include "search/pattern/find_pattern.h"
 #include "search/pattern/pattern_search.h"
 #include "tests/search/pattern/random_patterns.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 
 namespace tarrow {
@@ -14,9 +16,10 @@ namespace {
 
 using Listing = FileSearch::Listing;
 
-std::string Found(const std::string& pattern, const std::string& file, Listing listing = Listing::kLines) {
-  CompiledPattern compiled;
-  EXPECT_EQ(CompileFindPattern(pattern, {}, compiled), PatternError::kNone) << pattern;
+std::string Found(const std::string& pattern, const std::string& file, Listing listing = Listing::kLines,
+                  FindOptions options = {}) {
+  LinePattern compiled;
+  EXPECT_EQ(compiled.Compile(pattern, options), PatternError::kNone) << pattern;
   StringSink sink;
   StringSource source(file);
   FileSearch search(compiled, listing, sink, nullptr);
@@ -63,34 +66,47 @@ TEST(FileSearch, BreaksLongLines) {
   EXPECT_EQ(Found("x", std::string(255, 'x')), "f.c(1): " + std::string(255, 'x') + "\r\n");
 }
 
-// What the header promises, line by line.
-std::string NaiveSearch(CompiledPattern& pattern, const std::string& file) {
+// What the header promises, line by line. A line is judged as a whole; its pieces go by that.
+std::string NaiveSearch(std::string_view source, FindOptions options, const std::string& file) {
+  CompiledPattern bytes, utf8, page;
+  EXPECT_EQ(CompileFindPattern(source, options, bytes), PatternError::kNone);
+  EXPECT_EQ(CompileFindPattern(source, options, Charset(), utf8), PatternError::kNone);
+  EXPECT_EQ(CompileFindPattern(source, options, Charset(SystemCodePage()), page), PatternError::kNone);
   std::string text, out;
   for (std::size_t i = 0; i < file.size(); ++i)
     if (file[i] != '\r' || i + 1 == file.size() || file[i + 1] != '\n') text += file[i];
   int number = 0;
   for (std::size_t at = 0; at < text.size();) {
-    std::string line = text.substr(at, 255);
-    line = line.substr(0, line.find('\n') + (line.find('\n') == std::string::npos ? 0 : 1));
-    at += line.size();
-    ++number;
-    if (line.back() == '\n') line.pop_back();
-    auto size = static_cast<std::int32_t>(line.size());
-    if (size > 0 && SearchPattern(pattern, TextView(line), BytePos(0), size) >= 0)
-      out += "f(" + std::to_string(number) + "): " + line + "\r\n";
+    std::string line = text.substr(at, text.find('\n', at) - at);
+    bool isAscii = std::ranges::all_of(line, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    CompiledPattern& pattern = !IsUtf8(source) || isAscii ? bytes : IsUtf8(line) ? utf8 : page;
+    bool hasFeed = at + line.size() < text.size();
+    at += line.size() + hasFeed;
+    for (std::size_t from = 0; from < line.size() || (from == line.size() && hasFeed); from += 255) {
+      std::string piece = line.substr(from, 255);
+      ++number;
+      auto size = static_cast<std::int32_t>(piece.size());
+      if (size > 0 && SearchPattern(pattern, TextView(piece), BytePos(0), size) >= 0)
+        out += "f(" + std::to_string(number) + "): " + piece + "\r\n";
+    }
   }
   return out;
 }
 
 TEST(FileSearch, AgreesWithSearchingLineByLine) {
+  static const char* const kBeyond[] = {"é", "\xE9", "Éa", "ж", "€\n", "\xE2", "\xA9\n", "ü"};
   RandomPatterns random(3);
-  for (int i = 0; i < 1500; ++i) {
-    CompiledPattern pattern;
+  for (int i = 0; i < 3000; ++i) {
+    bool isAscii = random.Below(2);
     std::string source = random.Pattern(), file;
-    if (CompileFindPattern(source, {.matchCase = random.Below(3) > 0}, pattern) != PatternError::kNone)
-      continue;
+    if (!isAscii && random.Below(2)) source += kBeyond[random.Below(8)];
+    FindOptions options{.matchCase = random.Below(3) > 0, .wholeWord = random.Below(4) == 0};
+    LinePattern pattern;
+    if (pattern.Compile(source, options) != PatternError::kNone) continue;
     for (int n = random.Below(6); n >= 0; --n) {
       file += random.Text();
+      if (isAscii) std::erase(file, '\xE9');
+      if (!isAscii && random.Below(2)) file += kBeyond[random.Below(8)];
       if (random.Below(5) == 0)
         file += std::string(static_cast<std::size_t>(random.Below(600)), "ab \r"[random.Below(4)]);
       if (random.Below(300) == 0)
@@ -100,8 +116,27 @@ TEST(FileSearch, AgreesWithSearchingLineByLine) {
     StringSource bytes(file);
     FileSearch search(pattern, Listing::kLines, sink, nullptr);
     (void)search.Run(bytes, "f", "f");
-    ASSERT_EQ(sink.text, NaiveSearch(pattern, file)) << Quoted(source) << " in " << Quoted(file);
+    ASSERT_EQ(sink.text, NaiveSearch(source, options, file)) << Quoted(source) << " in " << Quoted(file);
   }
+}
+
+TEST(FileSearch, KnowsTheCharactersOfEachLine) {
+  FindOptions word{.wholeWord = true}, fold{.matchCase = false};
+  std::string file = "caf\xE9s\ncafés\ncaf\xE9\ncafé\ncafe\n";
+  EXPECT_EQ(Found("café", file, Listing::kLines, word), "f.c(3): caf\xE9\r\nf.c(4): café\r\n");
+  EXPECT_EQ(Found("CAFÉ$", file, Listing::kLines, fold), "f.c(3): caf\xE9\r\nf.c(4): café\r\n");
+  EXPECT_EQ(Found("^.$", "é\n\xE9\nab\n"), "f.c(1): é\r\nf.c(2): \xE9\r\n");
+  EXPECT_EQ(Found("[äöü]", "α\nä\nж\n"), "f.c(2): ä\r\n");
+  EXPECT_EQ(Found("\xE9", "é\n\xE9\n"), "f.c(2): \xE9\r\n") << "a pattern of bytes";
+}
+
+// A character cut in two by the length of lines does not make the line another character set.
+TEST(FileSearch, JudgesALineAsAWhole) {
+  std::string line = std::string(254, 'x') + "é" + std::string(20, 'y') + "é";
+  EXPECT_EQ(Found("y[é]", line + "\n"), "f.c(2): " + line.substr(255) + "\r\n");
+  std::string endless(300'000, 'y');
+  for (std::size_t at = 254; at + 1 < endless.size(); at += 2 * 255 - 1) endless.replace(at, 2, "é");
+  EXPECT_EQ(Found("[é]", "é" + endless).substr(0, 11), "f.c(1): éy");
 }
 
 class FailingSource final : public ByteSource {
@@ -120,8 +155,8 @@ class FailingSource final : public ByteSource {
 };
 
 TEST(FileSearch, WritesWhatItFoundBeforeAFault) {
-  CompiledPattern pattern;
-  ASSERT_EQ(CompileFindPattern("^a$", {}, pattern), PatternError::kNone);
+  LinePattern pattern;
+  ASSERT_EQ(pattern.Compile("^a$", {}), PatternError::kNone);
   StringSink sink;
   FailingSource source;
   FileSearch search(pattern, Listing::kLines, sink, nullptr);

@@ -116,6 +116,42 @@ TEST(FindText, PutsThePatternIntoTheCharacterSetOfTheText) {
   EXPECT_EQ(FindText(state, TextView("xé"), At(0, 0), Charset(), user), At(1, 3));
 }
 
+TEST(FindText, KnowsTheCharactersOfTheText) {
+  Answers user(false);
+  Charset western{WesternCodePage()};
+  FindState word = StateOf("café"), any = StateOf("."), fold = StateOf("É");
+  word.SetOptions(true, true);
+  fold.SetOptions(false, false);
+  EXPECT_EQ(FindText(word, TextView("cafés café"), At(0, 0), Charset(), user), At(7, 12));
+  EXPECT_EQ(FindText(word, TextView("caf\xE9s caf\xE9"), At(0, 0), western, user), At(6, 10));
+  EXPECT_EQ(FindText(any, TextView("a€"), At(1, 1), Charset(), user), At(1, 4));
+  EXPECT_EQ(FindText(any, TextView("a"), At(0, 0), Charset(), user), At(0, 1));
+  EXPECT_EQ(any.compiledFor, FindState::For::kBytes) << "nothing in the text asks for more";
+  EXPECT_EQ(FindText(fold, TextView("aé"), At(0, 0), Charset(), user), At(1, 3));
+  EXPECT_EQ(FindText(fold, TextView("a\xE9"), At(0, 0), western, user), At(1, 2));
+  any.searchForward = false;
+  EXPECT_EQ(FindText(any, TextView("a€b"), At(4, 5), Charset(), user), At(1, 4));
+}
+
+TEST(FindTextWithin, KeepsTheWholeMatchInTheRange) {
+  FindState state = StateOf("a+");
+  Answers user(true);
+  TextView text("aaxaaaa");
+  EXPECT_EQ(FindTextWithin(state, text, At(1, 5), true, Charset(), user), At(1, 2));
+  EXPECT_EQ(FindTextWithin(state, text, At(2, 5), false, Charset(), user), At(3, 5));
+  EXPECT_EQ(FindTextWithin(state, text, At(5, 5), false, Charset(), user), std::nullopt);
+  EXPECT_TRUE(user.asked.empty());
+  EXPECT_EQ(user.told, std::vector<int>{kTextNotFound});
+}
+
+TEST(FindTextWithin, MayMatchAtTheStartOfAFreshRange) {
+  FindState state = StateOf("^");
+  Answers user(true);
+  TextView text("a\r\nb\r\nc");
+  EXPECT_EQ(FindTextWithin(state, text, At(3, 8), true, Charset(), user), At(3, 3));
+  EXPECT_EQ(FindTextWithin(state, text, At(3, 8), false, Charset(), user), At(6, 6));
+}
+
 TEST(FindText, FindsNothingForACharacterThatTheTextCannotHold) {
   FindState state = StateOf("ж");
   Answers user(false);
