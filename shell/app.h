@@ -28,6 +28,7 @@ class CTwApp {
   void LoadProgramSettings(const CommandLineOptions& options);
   void ShowFrame(int showCommand);
   bool PlaceFrame();
+  void ReportNoFiles(const CommandLineOptions& options);
   std::size_t OpenNamedFiles(const CommandLineOptions& options);
   int PrintNamedFiles(const CommandLineOptions& options);
   bool PrintFile(const std::string& path);

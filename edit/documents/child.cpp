@@ -111,9 +111,10 @@ void CTwChild::ShowTitle(bool minimised) {
 }
 
 void CTwChild::OnMdiActivate(HWND deactivated, HWND activated) {
-  if (activated == Handle())
+  if (activated == Handle()) {
     program_.events.ChildActivated(*this, deactivated == nullptr);
-  else
+    if (::IsIconic(Handle())) PublishState();  // it does not get the focus
+  } else
     program_.events.ChildDeactivated(*this, activated == nullptr);
 }
 

@@ -40,7 +40,7 @@ bool EditingCommands::TypeOver(char32_t code) {
 MissingCharacters EditingCommands::OnMissingCharacters() {
   if (missing_) return *missing_;
   constexpr UINT kBox = MB_YESNOCANCEL | MB_ICONQUESTION;
-  int answer = host_.ShowMessageBox(nullptr, kBox, kTextConvertToUtf8, {owner_.EditName()});
+  int answer = program_.messages.ShowMessageBox(nullptr, kBox, kTextConvertToUtf8, {owner_.EditName()});
   if (answer != IDYES && answer != IDNO) return MissingCharacters::kRefuse;
   missing_ = answer == IDYES ? MissingCharacters::kConvert : MissingCharacters::kSubstitute;
   return *missing_;

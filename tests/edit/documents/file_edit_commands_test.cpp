@@ -107,20 +107,20 @@ TEST_F(EditingCommandsTest, RefusesChangesOfAControlThatIsReadOnlyByAMessage) {
 // One answer holds for the window; no answer is asked for again.
 TEST_F(EditingCommandsTest, AsksOnceWhatBecomesOfMissingCharacters) {
   for (std::uint32_t flags : {std::uint32_t{0}, std::uint32_t{kOvertype}}) {
-    EditFixture edit(host_);
+    EditFixture edit(program_);
     edit.flags = flags;
-    host_.boxes.clear();
-    host_.answer = IDCANCEL;
+    program_.messages.boxes.clear();
+    program_.messages.answer = IDCANCEL;
     edit.SetMarked({"caf\xE9x", {BytePos(4), BytePos(4)}});
     edit.Type(u"\u0416");
     EXPECT_EQ(edit.control.View().Copy(), "caf\xE9x");
-    host_.answer = IDNO;
+    program_.messages.answer = IDNO;
     edit.Type(u"\u0416\u0416");
     EXPECT_EQ(edit.control.View().Copy(), flags ? "caf\xE9??" : "caf\xE9??x");
-    EXPECT_EQ(host_.boxes, (std::vector<int>{kTextConvertToUtf8, kTextConvertToUtf8}));
-    EXPECT_EQ(host_.subjects.back(), edit.name);
+    EXPECT_EQ(program_.messages.boxes, (std::vector<int>{kTextConvertToUtf8, kTextConvertToUtf8}));
+    EXPECT_EQ(program_.messages.subjects.back(), edit.name);
   }
-  host_.answer = IDYES;
+  program_.messages.answer = IDYES;
   edit_.flags = kOvertype;
   edit_.SetMarked({"caf\xE9x", {BytePos(4), BytePos(4)}});
   edit_.Type(u"\u0416");
