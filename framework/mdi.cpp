@@ -38,11 +38,12 @@ std::vector<HWND> CMDIFrameWnd::Children() const {
   return children;
 }
 
+// Activating comes first: among maximised children it changes the order of others, too.
 void CMDIFrameWnd::Restack(const std::vector<HWND>& children) const {
+  if (children.empty()) return;
+  ::SendMessageW(client_, WM_MDIACTIVATE, reinterpret_cast<WPARAM>(children.front()), 0);
   for (auto child = children.rbegin(); child != children.rend(); ++child)
     ::SetWindowPos(*child, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-  if (!children.empty())
-    ::SendMessageW(client_, WM_MDIACTIVATE, reinterpret_cast<WPARAM>(children.front()), 0);
 }
 
 bool CMDIFrameWnd::ForEachChild(const std::function<bool(CMDIChildWnd&)>& visit) const {

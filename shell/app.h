@@ -6,6 +6,7 @@
 
 #include "framework/com_ptr.h"
 #include "framework/ctl3d.h"
+#include "framework/dialog_placement.h"
 #include "framework/message_loop.h"
 #include "shell/program.h"
 #include "shell/state/command_line.h"
@@ -36,6 +37,7 @@ class CTwApp {
 
   ComApartment com_;
   Ctl3dBinding ctl3d_;
+  DialogPlacement dialogs_;
   DiskSettingsFiles files_;
   Program program_;
 };

@@ -1,5 +1,6 @@
 #include "search/find/find_replace_dialog.h"
 
+#include "framework/dialog_placement.h"
 #include "resources/resource.h"
 
 #include <utility>
@@ -31,6 +32,7 @@ void CTwFindReplaceDialog::OnInitDialog() {
   bool first = state_.dialogRight < 0;
   int right = first ? static_cast<int>(frame_.right) - ::GetSystemMetrics(SM_CXVSCROLL) : state_.dialogRight;
   int top = first ? static_cast<int>(frame_.top) : state_.dialogTop;
+  KeepPlace(Handle());
   ::SetWindowPos(Handle(), nullptr, right - width, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
   if (!findOnly_) ::CheckDlgButton(Handle(), IDC_SELECTION_ONLY, state_.selectionOnly);
 }

@@ -27,7 +27,7 @@ constinit const MessageMap CTwFrame::kMessageMap = MessageMap::Make<
     On<WM_DESTROY, &CTwFrame::OnDestroy>>();
 
 CTwFrame::CTwFrame(ProgramState& state, Messages& messages)
-    : state_(state), bars_(*this, state.settings.global, messages) {}
+    : state_(state), bars_(*this, menus_, state.settings.global, messages) {}
 
 bool CTwFrame::CreateMain(const RECT& bounds) {
   WindowSpec spec;

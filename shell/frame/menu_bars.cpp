@@ -36,7 +36,7 @@ MenuHandle BuildBar(std::span<const MenuPopup> popups) {
   return bar;
 }
 
-std::string ItemText(HMENU menu, UINT command) {
+std::string TextOf(HMENU menu, UINT command) {
   wchar_t text[256];
   int length = ::GetMenuStringW(menu, command, text, static_cast<int>(std::size(text)), MF_BYCOMMAND);
   return ToUtf8({text, static_cast<std::size_t>(length)});
@@ -66,9 +66,13 @@ void MenuBars::EnableProject(const CMDIFrameWnd& frame, bool enable) const {
   if (before != state) ::DrawMenuBar(frame.Handle());
 }
 
+std::string MenuBars::ItemText(UINT command) const {
+  return TextOf(edit_.Get(), command);
+}
+
 void MenuBars::SetKeyText(UINT command, std::string_view keyText) const {
   for (HMENU bar : {noDocument_.Get(), edit_.Get()}) {
-    std::string text = ItemText(bar, command);
+    std::string text = TextOf(bar, command);
     if (text.empty()) continue;
     ::ModifyMenuW(bar, command, MF_BYCOMMAND | MF_STRING, command,
                   ToWide(WithKeyText(text, keyText)).c_str());

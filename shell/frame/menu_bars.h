@@ -28,6 +28,9 @@ class MenuBars {
   // Greys or enables the Project popup of the installed bar.
   void EnableProject(const CMDIFrameWnd& frame, bool enable) const;
 
+  // What a command's item says, with its key text behind a TAB; empty when it has none.
+  std::string ItemText(UINT command) const;
+
   // Gives a command's item in both bars another key text (with its TAB; empty: none).
   void SetKeyText(UINT command, std::string_view keyText) const;
 
