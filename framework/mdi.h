@@ -80,6 +80,12 @@ class CMDIChildWnd : public CWnd {
   CMDIFrameWnd& Frame() const { return *frame_; }
   bool IsActive() const;
 
+  // What a list of windows says of this one.
+  virtual std::string ListText() const { return Text(); }
+
+  // Whether it holds changes that are not saved.
+  virtual bool IsUnsaved() const { return false; }
+
  protected:
   static const MessageMap kMessageMap;
   const MessageMap& GetMessageMap() const override { return kMessageMap; }

@@ -124,6 +124,7 @@ void CTwFileEdit::SetModified(bool modified) {
   if (!modified) control_.SetModified(false);
   if (Has(kModified) == modified) return;
   SetFlag(kModified, modified);
+  Program().events.ChildRetitled(*this);
   Program().status.PublishIndicator(Indicator::kModification, ModificationState(Flags()));
 }
 

@@ -109,6 +109,7 @@ void CTwFrame::OnMenuSelect(UINT item, UINT flags, HMENU menu) {
 void CTwFrame::OnInitMenuPopup(HMENU menu, UINT, bool isSystemMenu) {
   Default();
   if (isSystemMenu) return;
+  MenuBars::MarkUnsaved(*this, menu);
   MenuBars::Update(menu, [this](UINT id, CommandState& state) { return QueryCommand(id, state); });
 }
 

@@ -43,6 +43,9 @@ class MenuBars {
   // Brings the items of a popup that opens up to date: greyed and checked as `query` says.
   static void Update(HMENU popup, const std::function<bool(UINT id, CommandState& state)>& query);
 
+  // Marks the unsaved windows in a popup that lists the windows of the frame.
+  static void MarkUnsaved(const CMDIFrameWnd& frame, HMENU popup);
+
   // The frame is being destroyed, and the installed bar with it.
   void ReleaseInstalled();
 

@@ -1,6 +1,8 @@
 #include "edit/documents/file_edit.h"
 
+#include "framework/unicode.h"
 #include "tests/edit/documents/document_program.h"
+#include "tests/framework/scratch_directory.h"
 #include "tests/window_pump.h"
 #include "ui/commands/commands.h"
 #include "ui/program/string_ids.h"
@@ -36,6 +38,22 @@ TEST_F(FileEditTest, ColumnsOfUtf8CountCharacters) {
   EXPECT_EQ(program_.status.column, 3);
   New("caf\xE9\xE9").PublishState();
   EXPECT_EQ(program_.status.column, 6);
+}
+
+TEST_F(FileEditTest, ListsNameFirstAndMarksWhatIsNotSaved) {
+  CTwFileEdit& window = New("one");
+  std::string title = window.Text();
+  EXPECT_EQ(window.ListText(), title);
+  window.SetModified(true);
+  EXPECT_EQ(window.ListText(), title + " *");
+  EXPECT_EQ(window.Text(), title);
+  ScratchDirectory scratch;
+  CTwFileEdit* file = CTwFileEdit::Open(program_.services, FullPathLower(scratch.Make("a b.c", "x\n")), 0);
+  ASSERT_TRUE(file);
+  EXPECT_EQ(file->ListText(), "a b.c   " + LowerCase(scratch.Path()));
+  file->SetModified(true);
+  EXPECT_EQ(file->ListText(), "a b.c *   " + LowerCase(scratch.Path()));
+  EXPECT_EQ(file->Text(), LowerCase(scratch / "a b.c"));
 }
 
 TEST_F(FileEditTest, AMinimisedWindowHasNoPlaceInTheStatusBar) {
