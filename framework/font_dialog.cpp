@@ -15,11 +15,28 @@ int ScreenDpi() {
   return ::GetDeviceCaps(screen, LOGPIXELSY);
 }
 
+// What the system draws with for `font`: the dialog knows nothing of a font without a name, of the name of a
+// font that another stands in for, nor of a height that is that of a whole line.
+LOGFONTW FontInUse(const LOGFONTW& font) {
+  LOGFONTW used = font;
+  FontHandle made(::CreateFontIndirectW(&font));
+  ClientDc dc(nullptr);
+  SelectedObject selected(dc, made ? made.Get() : ::GetStockObject(SYSTEM_FIXED_FONT));
+  TEXTMETRICW metrics{};
+  if (!::GetTextMetricsW(dc, &metrics)) return used;
+  ::GetTextFaceW(dc, LF_FACESIZE, used.lfFaceName);
+  used.lfHeight = metrics.tmInternalLeading - metrics.tmHeight;
+  used.lfWeight = metrics.tmWeight;
+  used.lfItalic = metrics.tmItalic;
+  used.lfCharSet = metrics.tmCharSet;
+  return used;
+}
+
 }  // namespace
 
 // The dialog thinks in dots of the screen whatever the device; its point size is what was chosen.
 bool RunFontDialog(const FontDialogOptions& options, LOGFONTW& font) {
-  LOGFONTW chosen = font;
+  LOGFONTW chosen = options.printer ? font : FontInUse(font);
   int dpi = options.printer ? ::GetDeviceCaps(options.printer, LOGPIXELSY) : 0;
   if (dpi > 0) chosen.lfHeight = ::MulDiv(chosen.lfHeight, ScreenDpi(), dpi);
   CHOOSEFONTW choose{};

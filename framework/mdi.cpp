@@ -31,11 +31,23 @@ bool CMDIFrameWnd::ActiveChildIsMaximised() const {
   return maximised != FALSE;
 }
 
-bool CMDIFrameWnd::ForEachChild(const std::function<bool(CMDIChildWnd&)>& visit) const {
+std::vector<HWND> CMDIFrameWnd::Children() const {
   std::vector<HWND> children;
   for (HWND w = ::GetWindow(client_, GW_CHILD); w; w = ::GetWindow(w, GW_HWNDNEXT))
     if (!::GetWindow(w, GW_OWNER)) children.push_back(w);  // an owned window is an icon title
-  for (HWND w : children)
+  return children;
+}
+
+// Activating comes first: among maximised children it changes the order of others, too.
+void CMDIFrameWnd::Restack(const std::vector<HWND>& children) const {
+  if (children.empty()) return;
+  ::SendMessageW(client_, WM_MDIACTIVATE, reinterpret_cast<WPARAM>(children.front()), 0);
+  for (auto child = children.rbegin(); child != children.rend(); ++child)
+    ::SetWindowPos(*child, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+bool CMDIFrameWnd::ForEachChild(const std::function<bool(CMDIChildWnd&)>& visit) const {
+  for (HWND w : Children())
     if (auto* child = dynamic_cast<CMDIChildWnd*>(FromHandle(w)); child && !visit(*child)) return false;
   return true;
 }

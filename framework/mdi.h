@@ -26,6 +26,12 @@ class CMDIFrameWnd : public CWnd {
   CMDIChildWnd* ActiveChild() const;
   bool ActiveChildIsMaximised() const;
 
+  // The windows of the children from the top of the z-order, icon titles left out.
+  std::vector<HWND> Children() const;
+
+  // Puts children upon one another, the first on top and active.
+  void Restack(const std::vector<HWND>& children) const;
+
   // Calls `visit` for each child from the top of the z-order, icon titles skipped, until it returns false.
   // Returns whether all were visited. Children may be destroyed on the way.
   bool ForEachChild(const std::function<bool(CMDIChildWnd&)>& visit) const;
@@ -73,6 +79,12 @@ class CMDIChildWnd : public CWnd {
 
   CMDIFrameWnd& Frame() const { return *frame_; }
   bool IsActive() const;
+
+  // What a list of windows says of this one.
+  virtual std::string ListText() const { return Text(); }
+
+  // Whether it holds changes that are not saved.
+  virtual bool IsUnsaved() const { return false; }
 
  protected:
   static const MessageMap kMessageMap;

@@ -1,5 +1,7 @@
 #include "shell/app.h"
 
+#include "base/path_text.h"
+#include "base/words.h"
 #include "framework/directories.h"
 #include "framework/file_system.h"
 #include "framework/message_loop.h"
@@ -100,12 +102,22 @@ bool CTwApp::PlaceFrame() {
   return placement.maximised;
 }
 
+// Of what was named nothing is a file: a directory by itself, or a pattern that finds directories only.
+void CTwApp::ReportNoFiles(const CommandLineOptions& options) {
+  std::vector<std::string> words = SplitWords(options.files);
+  if (words.empty()) return;
+  bool isDirectory = IsDirectory(WithoutTrailingSeparators(words.front()));
+  int text = isDirectory ? kTextNamesDirectory : kTextNamesNoFile;
+  program_.messages.ShowMessageBox(nullptr, MB_ICONEXCLAMATION, text, {words.front()});
+}
+
 // Opens every file of the command line; returns how many were named.
 std::size_t CTwApp::OpenNamedFiles(const CommandLineOptions& options) {
   DiskLookup disk;
   CFileDir list(disk);
   WaitState wait(program_.wait, true);
   std::size_t count = list.Build({options.files});
+  if (count == 0) ReportNoFiles(options);
   while (const std::string* path = list.Next()) program_.files.OpenFile(*path, false, false);
   return count;
 }

@@ -6,6 +6,7 @@
 
 #include "framework/com_ptr.h"
 #include "framework/ctl3d.h"
+#include "framework/dialog_placement.h"
 #include "framework/message_loop.h"
 #include "shell/program.h"
 #include "shell/state/command_line.h"
@@ -28,6 +29,7 @@ class CTwApp {
   void LoadProgramSettings(const CommandLineOptions& options);
   void ShowFrame(int showCommand);
   bool PlaceFrame();
+  void ReportNoFiles(const CommandLineOptions& options);
   std::size_t OpenNamedFiles(const CommandLineOptions& options);
   int PrintNamedFiles(const CommandLineOptions& options);
   bool PrintFile(const std::string& path);
@@ -35,6 +37,7 @@ class CTwApp {
 
   ComApartment com_;
   Ctl3dBinding ctl3d_;
+  DialogPlacement dialogs_;
   DiskSettingsFiles files_;
   Program program_;
 };

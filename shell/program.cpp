@@ -28,7 +28,7 @@ Program::Program(SettingsFiles& settingsFiles)
       settings(frame, state, windows, keys, stored, messages, help),
       session(state, services, files, windows),
       tools(frame, messages, state.store),
-      ending(frame, windows, selector, session, frame.GetBars(), help),
+      ending(frame, windows, selector, session, frame.GetBars(), help, messages),
       rooms(services, help, stored) {
   for (CommandTarget* room : rooms.Targets()) frame.AddTarget(*room);
   frame.AddTarget(files);

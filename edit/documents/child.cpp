@@ -1,5 +1,6 @@
 #include "edit/documents/child.h"
 
+#include "base/path_text.h"
 #include "framework/directories.h"
 #include "framework/font_dialog.h"
 #include "ui/commands/commands.h"
@@ -35,6 +36,13 @@ void CTwChild::PublishState() {
   program_.status.PublishIndicator(Indicator::kEditMode, EditModeState(flags_));
   program_.status.PublishIndicator(Indicator::kModification, ModificationState(flags_));
   program_.status.PublishIndicator(Indicator::kIndentation, IndentationState(flags_));
+}
+
+std::string CTwChild::ListText() const {
+  const char* mark = IsUnsaved() ? " *" : "";
+  if (Has(kUntitled)) return path_ + mark;
+  std::string text(FileNamePart(path_));
+  return text.append(mark).append("   ").append(WithoutTrailingSeparators(DirectoryPart(path_)));
 }
 
 void CTwChild::SetPath(std::string path) {
@@ -111,9 +119,10 @@ void CTwChild::ShowTitle(bool minimised) {
 }
 
 void CTwChild::OnMdiActivate(HWND deactivated, HWND activated) {
-  if (activated == Handle())
+  if (activated == Handle()) {
     program_.events.ChildActivated(*this, deactivated == nullptr);
-  else
+    if (::IsIconic(Handle())) PublishState();  // it does not get the focus
+  } else
     program_.events.ChildDeactivated(*this, activated == nullptr);
 }
 

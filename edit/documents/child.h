@@ -31,6 +31,10 @@ class CTwChild : public CMDIChildWnd {
   // The directory of the window, in lower case.
   const std::string& Directory() const { return directory_; }
 
+  // The name, a mark when it is not saved, then the directory.
+  std::string ListText() const override;
+  bool IsUnsaved() const override { return Has(kModified); }
+
   // Whether the window may close. Asks about changes with string `message`, formatted with the path; 0 saves
   // them without asking.
   [[nodiscard]] virtual bool QuerySave(int message);

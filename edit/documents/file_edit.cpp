@@ -94,6 +94,8 @@ void CTwFileEdit::OnSize(UINT kind, int width, int height) {
   CTwChild::OnSize(kind, width, height);
   if (kind != SIZE_MINIMIZED)
     ::MoveWindow(control_.Handle(), kMargin, 0, std::max(0, width - kMargin), height, TRUE);
+  else if (IsActive())
+    OnCaretMoved();
 }
 
 // In the margin: a click goes to the start of the line, and may be drawn on into a selection of lines.
@@ -122,6 +124,7 @@ void CTwFileEdit::SetModified(bool modified) {
   if (!modified) control_.SetModified(false);
   if (Has(kModified) == modified) return;
   SetFlag(kModified, modified);
+  Program().events.ChildRetitled(*this);
   Program().status.PublishIndicator(Indicator::kModification, ModificationState(Flags()));
 }
 
@@ -199,7 +202,10 @@ void CTwFileEdit::PublishState() {
 bool CTwFileEdit::QuerySave(int message) {
   if (!Has(kModified)) return true;
   int answer = IDYES;
-  if (message != 0 && !Program().settings.Has(kSaveWithoutAsking))
+  bool asks = message != 0 && !Program().settings.Has(kSaveWithoutAsking);
+  // Who is asked about a text must see it.
+  if (asks || Has(kUntitled)) Frame().ActivateChild(*this);
+  if (asks)
     answer =
         Program().messages.ShowMessageBox(nullptr, MB_YESNOCANCEL | MB_ICONEXCLAMATION, message, {Path()});
   if (answer != IDYES) return answer == IDNO;

@@ -10,6 +10,7 @@
 #include "framework/file.h"
 #include "framework/file_system.h"
 #include "framework/text_resources.h"
+#include "framework/unicode.h"
 #include "ui/program/progress_box.h"
 #include "ui/program/string_ids.h"
 
@@ -169,7 +170,7 @@ bool CTwFileEdit::WriteText(const std::string& path, FileFormat format) {
     });
     return true;
   } catch (const CFileException& error) {
-    Program().messages.ShowFileError(nullptr, error);
+    Program().messages.ShowFileError(nullptr, CFileException(error.Cause(), LowerCase(path)));
   } catch (const CYieldException&) {
     ReportCancelled(Program());
   }

@@ -1,5 +1,6 @@
 #include "search/find/find_replace_dialog.h"
 
+#include "framework/dialog_placement.h"
 #include "framework/unicode.h"
 #include "resources/resource.h"
 
@@ -54,6 +55,7 @@ void CTwFindReplaceDialog::OnInitDialog() {
   bool first = state_.dialogRight < 0;
   int right = first ? static_cast<int>(frame_.right) - ::GetSystemMetrics(SM_CXVSCROLL) : state_.dialogRight;
   int top = first ? static_cast<int>(frame_.top) : state_.dialogTop;
+  KeepPlace(Handle());
   Box wanted = self.At(right - self.Width(), top);
   Place(MovedWithin(wanted, ScreenAround(wanted)));
   if (!findOnly_) ::CheckDlgButton(Handle(), IDC_SELECTION_ONLY, state_.selectionOnly);

@@ -56,8 +56,13 @@ void DocumentWindows::OnCloseWindow() {
     services_.messages.Alert(MB_ICONEXCLAMATION);
 }
 
+// A window that asks comes to the front; once all agree they stand as they stood, for the session's sake.
 bool DocumentWindows::QueryCloseAll() {
-  return frame_.ForEachChild([](CMDIChildWnd& child) { return child.Send(WM_QUERYENDSESSION) != 0; });
+  std::vector<HWND> windows = frame_.Children();
+  if (!frame_.ForEachChild([](CMDIChildWnd& child) { return child.Send(WM_QUERYENDSESSION) != 0; }))
+    return false;
+  if (frame_.Children() != windows) frame_.Restack(windows);
+  return true;
 }
 
 void DocumentWindows::OnCloseAll() {

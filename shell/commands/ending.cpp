@@ -10,9 +10,11 @@ constinit const MessageMap Ending::kMessageMap =
                      On<WM_QUERYENDSESSION, &Ending::OnQueryEndSession>,
                      On<WM_ENDSESSION, &Ending::OnEndSession>, On<WM_CLOSE, &Ending::OnClose>>();
 
-// A logout sends no WM_CLOSE: what is to be kept is written here.
+// A logout sends no WM_CLOSE: what is to be kept is written here. It does not wait for an answer, either.
 void Ending::OnEndSession(bool ending) {
-  if (ending) session_.Save();
+  if (!ending) return;
+  messages_.Mute();
+  session_.Save();
 }
 
 void Ending::OnClose() {

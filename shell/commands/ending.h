@@ -7,6 +7,7 @@
 #include "shell/commands/help_commands.h"
 #include "shell/commands/session_keeper.h"
 #include "shell/frame/bars.h"
+#include "shell/frame/message_boxes.h"
 
 namespace tarrow {
 
@@ -14,8 +15,14 @@ class Ending final : public CommandTarget {
  public:
   // All of them outlive the object.
   Ending(CMDIFrameWnd& frame, DocumentWindows& windows, CWinSelector& selector, SessionKeeper& session,
-         Bars& bars, HelpCommands& help)
-      : frame_(frame), windows_(windows), selector_(selector), session_(session), bars_(bars), help_(help) {}
+         Bars& bars, HelpCommands& help, MessageBoxes& messages)
+      : frame_(frame),
+        windows_(windows),
+        selector_(selector),
+        session_(session),
+        bars_(bars),
+        help_(help),
+        messages_(messages) {}
 
  protected:
   static const MessageMap kMessageMap;
@@ -33,6 +40,7 @@ class Ending final : public CommandTarget {
   SessionKeeper& session_;
   Bars& bars_;
   HelpCommands& help_;
+  MessageBoxes& messages_;
 };
 
 }  // namespace tarrow

@@ -78,6 +78,7 @@ bool OpenFiles::OpenWithFlags(std::string_view name, std::uint32_t flags) {
       frame_.ActivateChild(*shown);
       return true;
     }
+    if (path.find_first_of("*?") != std::string::npos) throw CFileException(FileCause::kFileNotFound, path);
     if (!FileExists(path) && !CreateNewFile(FullPath(name), (flags & kReadOnly) != 0)) return false;
     if (!CTwFileEdit::Open(services_, path, flags)) return false;
     AddRecent(path);

@@ -35,10 +35,7 @@ void SessionKeeper::Restore() {
           files_.OpenWithFlags(entry.path, entry.flags.value_or(NewWindowFlags(services_.settings)));
       if (opened) windows.push_back(services_.frame.ActiveChild()->Handle());
     }
-    for (auto window = windows.rbegin(); window != windows.rend(); ++window)
-      ::SetWindowPos(*window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    if (!windows.empty())
-      ::SendMessageW(services_.frame.Client(), WM_MDIACTIVATE, reinterpret_cast<WPARAM>(windows.front()), 0);
+    services_.frame.Restack(windows);
     state_.store.RemoveSection(kSessionSection);
   }
   windows_.Arrange(true);

@@ -13,7 +13,8 @@ void Bars::Create() {
 
 void Bars::CreateToolBar(bool withProject) {
   auto query = [this](UINT id, CommandState& state) { return frame_.QueryCommand(id, state); };
-  if (!tools_.CreateBar(frame_.Handle(), withProject, query)) messages_.ReportOutOfMemory();
+  auto itemText = [this](UINT id) { return menus_.ItemText(id); };
+  if (!tools_.CreateBar(frame_.Handle(), withProject, query, itemText)) messages_.ReportOutOfMemory();
 }
 
 void Bars::CreateStatusBar() {
@@ -25,7 +26,7 @@ void Bars::CreateStatusBar() {
 
 RECT Bars::Layout(RECT area) {
   if (tools_.Exists()) {
-    int height = tools_.Height();
+    int height = tools_.HeightFor(static_cast<int>(area.right));
     ::MoveWindow(tools_.Handle(), 0, 0, area.right, height, TRUE);
     area.top = height;
   }

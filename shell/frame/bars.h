@@ -4,6 +4,7 @@
 #pragma once
 
 #include "framework/mdi.h"
+#include "shell/frame/menu_bars.h"
 #include "ui/bars/status_bar.h"
 #include "ui/bars/tool_bar.h"
 #include "ui/program/messages.h"
@@ -15,8 +16,8 @@ namespace tarrow {
 class Bars final : public StatusLine {
  public:
   // All outlive the object.
-  Bars(CMDIFrameWnd& frame, GlobalSettings& settings, Messages& messages)
-      : frame_(frame), settings_(settings), messages_(messages) {}
+  Bars(CMDIFrameWnd& frame, const MenuBars& menus, GlobalSettings& settings, Messages& messages)
+      : frame_(frame), menus_(menus), settings_(settings), messages_(messages) {}
 
   // Creates the bars that the settings do not rule out.
   void Create();
@@ -55,6 +56,7 @@ class Bars final : public StatusLine {
   void CreateStatusBar();
 
   CMDIFrameWnd& frame_;
+  const MenuBars& menus_;
   GlobalSettings& settings_;
   Messages& messages_;
   CStatusBar status_;

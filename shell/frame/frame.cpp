@@ -27,7 +27,7 @@ constinit const MessageMap CTwFrame::kMessageMap = MessageMap::Make<
     On<WM_DESTROY, &CTwFrame::OnDestroy>>();
 
 CTwFrame::CTwFrame(ProgramState& state, Messages& messages)
-    : state_(state), bars_(*this, state.settings.global, messages) {}
+    : state_(state), bars_(*this, menus_, state.settings.global, messages) {}
 
 bool CTwFrame::CreateMain(const RECT& bounds) {
   WindowSpec spec;
@@ -109,6 +109,7 @@ void CTwFrame::OnMenuSelect(UINT item, UINT flags, HMENU menu) {
 void CTwFrame::OnInitMenuPopup(HMENU menu, UINT, bool isSystemMenu) {
   Default();
   if (isSystemMenu) return;
+  MenuBars::MarkUnsaved(*this, menu);
   MenuBars::Update(menu, [this](UINT id, CommandState& state) { return QueryCommand(id, state); });
 }
 

@@ -1,5 +1,6 @@
 #include "shell/frame/menu_bars.h"
 
+#include "base/path_text.h"
 #include "framework/unicode.h"
 #include "ui/commands/menus.h"
 
@@ -8,6 +9,8 @@ namespace {
 
 // The separator between the recent files and Exit: numbered, so that it can be found again.
 constexpr UINT kRecentSeparator = kRecentFileLast + 1;
+
+constexpr std::string_view kUnsavedMark = " *";
 
 void AppendItem(HMENU menu, CommandId id, std::string_view text) {
   if (id == kMenuSeparator)
@@ -36,8 +39,8 @@ MenuHandle BuildBar(std::span<const MenuPopup> popups) {
   return bar;
 }
 
-std::string ItemText(HMENU menu, UINT command) {
-  wchar_t text[256];
+std::string TextOf(HMENU menu, UINT command) {
+  wchar_t text[kMaxPath + 40];
   int length = ::GetMenuStringW(menu, command, text, static_cast<int>(std::size(text)), MF_BYCOMMAND);
   return ToUtf8({text, static_cast<std::size_t>(length)});
 }
@@ -66,9 +69,13 @@ void MenuBars::EnableProject(const CMDIFrameWnd& frame, bool enable) const {
   if (before != state) ::DrawMenuBar(frame.Handle());
 }
 
+std::string MenuBars::ItemText(UINT command) const {
+  return TextOf(edit_.Get(), command);
+}
+
 void MenuBars::SetKeyText(UINT command, std::string_view keyText) const {
   for (HMENU bar : {noDocument_.Get(), edit_.Get()}) {
-    std::string text = ItemText(bar, command);
+    std::string text = TextOf(bar, command);
     if (text.empty()) continue;
     ::ModifyMenuW(bar, command, MF_BYCOMMAND | MF_STRING, command,
                   ToWide(WithKeyText(text, keyText)).c_str());
@@ -106,6 +113,28 @@ void MenuBars::Update(HMENU popup, const std::function<bool(UINT id, CommandStat
     ::EnableMenuItem(popup, place, MF_BYPOSITION | (known && state.enabled ? MF_ENABLED : MF_GRAYED));
     ::CheckMenuItem(popup, place, MF_BYPOSITION | (known && state.checked ? MF_CHECKED : MF_UNCHECKED));
   }
+}
+
+// The client window writes the list from the titles, anew whenever they change; an item that stands for no
+// single window ("More Windows") does not hold the title of the window whose number it has.
+void MenuBars::MarkUnsaved(const CMDIFrameWnd& frame, HMENU popup) {
+  frame.ForEachChild([&](CMDIChildWnd& child) {
+    auto id = static_cast<UINT>(::GetDlgCtrlID(child.Handle()));
+    std::string text = TextOf(popup, id), title = child.Text();
+    bool isMarked = text.ends_with(title + std::string(kUnsavedMark));
+    if (isMarked == child.IsUnsaved() || !(isMarked || text.ends_with(title))) return true;
+    if (isMarked)
+      text.resize(text.size() - kUnsavedMark.size());
+    else
+      text += kUnsavedMark;
+    std::wstring wide = ToWide(text);
+    MENUITEMINFOW item{};
+    item.cbSize = sizeof item;
+    item.fMask = MIIM_STRING;
+    item.dwTypeData = wide.data();
+    ::SetMenuItemInfoW(popup, id, FALSE, &item);
+    return true;
+  });
 }
 
 void MenuBars::ReleaseInstalled() {

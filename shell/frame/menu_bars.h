@@ -28,6 +28,9 @@ class MenuBars {
   // Greys or enables the Project popup of the installed bar.
   void EnableProject(const CMDIFrameWnd& frame, bool enable) const;
 
+  // What a command's item says, with its key text behind a TAB; empty when it has none.
+  std::string ItemText(UINT command) const;
+
   // Gives a command's item in both bars another key text (with its TAB; empty: none).
   void SetKeyText(UINT command, std::string_view keyText) const;
 
@@ -39,6 +42,9 @@ class MenuBars {
 
   // Brings the items of a popup that opens up to date: greyed and checked as `query` says.
   static void Update(HMENU popup, const std::function<bool(UINT id, CommandState& state)>& query);
+
+  // Marks the unsaved windows in a popup that lists the windows of the frame.
+  static void MarkUnsaved(const CMDIFrameWnd& frame, HMENU popup);
 
   // The frame is being destroyed, and the installed bar with it.
   void ReleaseInstalled();

@@ -15,6 +15,7 @@ constexpr int kStatusSeconds = 5;
 }  // namespace
 
 int MessageBoxes::ShowMessageBox(HWND owner, UINT style, int id, std::initializer_list<FormatArg> args) {
+  if (muted_) return IDCANCEL;
   try {
     std::wstring text = ToWide(FormatTextResource(id, args));
     return ::MessageBoxW(owner ? owner : frame_.Handle(), text.c_str(), ToWide(LoadText(kTextTitle)).c_str(),

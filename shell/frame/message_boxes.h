@@ -16,6 +16,9 @@ class MessageBoxes final : public Messages {
   MessageBoxes(const CWnd& frame, const GlobalSettings& settings, StatusLine& status)
       : frame_(frame), settings_(settings), status_(status) {}
 
+  // The session of the system ends, and nobody is there to answer: no box is shown any more.
+  void Mute() { muted_ = true; }
+
   // A string that is missing shows as its number between asterisks; IDCANCEL when memory does not suffice for
   // the text.
   int ShowMessageBox(HWND owner, UINT style, int id, std::initializer_list<FormatArg> args) override;
@@ -30,6 +33,7 @@ class MessageBoxes final : public Messages {
   const CWnd& frame_;
   const GlobalSettings& settings_;
   StatusLine& status_;
+  bool muted_ = false;
 };
 
 }  // namespace tarrow

@@ -35,11 +35,12 @@ class FakeStatusLine final : public StatusLine {
  public:
   std::vector<std::string> texts;
   int line = 0, column = 0;
+  std::map<Indicator, int> indicators;
 
   void ShowStatus(std::string_view text, int) override { texts.emplace_back(text); }
   void ShowStatusId(int id, int) override { texts.push_back(std::to_string(id)); }
   void PublishCaret(int newLine, int newColumn) override { line = newLine, column = newColumn; }
-  void PublishIndicator(Indicator, int) override {}
+  void PublishIndicator(Indicator indicator, int state) override { indicators[indicator] = state; }
 };
 
 class FakeWaiting final : public Waiting {

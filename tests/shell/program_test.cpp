@@ -111,6 +111,19 @@ TEST_F(FrameTest, KeepsTheSessionInOrderWithTheBitsOfEachWindow) {
             ReadSession(store));
 }
 
+TEST_F(FrameTest, RestacksItsWindowsAsTheyStood) {
+  CTwFileEdit* back = Open(scratch.Make("one.c", "1\n"));
+  Open(scratch.Make("two.c", "2\n"));
+  CTwFileEdit* front = Open(scratch.Make("three.c", "3\n"));
+  std::vector<HWND> before = frame.Children();
+  EXPECT_EQ(before.front(), front->Handle());
+  frame.ActivateChild(*back);
+  EXPECT_NE(frame.Children(), before);
+  frame.Restack(before);
+  EXPECT_EQ(frame.Children(), before);
+  EXPECT_EQ(frame.ActiveChild(), front);
+}
+
 TEST_F(FrameTest, RestoresASessionWithTheWindowInFrontInFront) {
   std::string one = scratch.Make("one.c", "1\n"), two = scratch.Make("two.c", "2\n");
   WriteSession(program.state.store, {{one, kReadOnly}, {two, kVerticalScroll}});

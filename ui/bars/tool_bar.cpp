@@ -5,6 +5,7 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <string>
 
 namespace tarrow {
@@ -16,27 +17,30 @@ constexpr int kMargin = 3;    // around a picture, within its button
 constexpr int kSurround = 2;  // around the buttons
 constexpr int kGroupGap = 8;
 
-// What a button is called: the text of its menu item, without the marks that menus need.
-std::string TipText(CommandId command) {
+// What a button is called, "Cut (Ctrl+X)": the text of its menu item without the marks that menus need.
+std::string TipText(std::string_view item) {
+  std::size_t tab = std::min(item.find('\t'), item.size());
   std::string tip;
-  for (char c : WithKeyText(CommandMenuText(command), ""))
+  for (char c : item.substr(0, tab))
     if (c != '&' && c != '.') tip += c;
+  if (tab + 1 < item.size()) tip.append(" (").append(item.substr(tab + 1)).append(")");
   return tip;
 }
 
 }  // namespace
 
 constinit const MessageMap CToolBar::kMessageMap =
-    MessageMap::Make<&CWnd::kMessageMap, On<WM_CREATE, &CToolBar::OnCreate>, On<WM_PAINT, &CToolBar::OnPaint>,
-                     On<WM_SYSCOLORCHANGE, &CToolBar::OnColorsChanged>,
+    MessageMap::Make<&CWnd::kMessageMap, On<WM_CREATE, &CToolBar::OnCreate>, On<WM_SIZE, &CToolBar::OnSize>,
+                     On<WM_PAINT, &CToolBar::OnPaint>, On<WM_SYSCOLORCHANGE, &CToolBar::OnColorsChanged>,
                      On<WM_LBUTTONDOWN, &CToolBar::OnButtonDown>, On<WM_LBUTTONUP, &CToolBar::OnButtonUp>,
                      On<WM_MOUSEMOVE, &CToolBar::OnMouseMove>, On<WM_MOUSELEAVE, &CToolBar::OnMouseLeave>,
                      On<WM_CAPTURECHANGED, &CToolBar::OnCaptureChanged>,
                      On<WM_NOTIFY, &CToolBar::OnNotify>>();
 
-bool CToolBar::CreateBar(HWND parent, bool withProject, Query query) {
+bool CToolBar::CreateBar(HWND parent, bool withProject, Query query, ItemText itemText) {
   static const WindowClass windowClass{L"CToolBar", 0, 32512, ::GetSysColorBrush(COLOR_BTNFACE)};
   query_ = std::move(query);
+  itemText_ = std::move(itemText);
   withProject_ = withProject;
   WindowSpec spec;
   spec.style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS;
@@ -67,14 +71,25 @@ int CToolBar::ButtonSize() const {
   return images_->Size() + 2 * Scale(kMargin) + 2;
 }
 
-int CToolBar::Height() const {
-  return images_ ? ButtonSize() + 2 * Scale(kSurround) : 0;
+std::vector<PlacedButton> CToolBar::Place(int width) const {
+  return PlaceButtons(withProject_, {width, Scale(kSurround), ButtonSize(), Scale(kGroupGap)});
+}
+
+int CToolBar::HeightFor(int width) const {
+  return images_ ? (Place(width).back().row + 1) * ButtonSize() + 2 * Scale(kSurround) : 0;
+}
+
+void CToolBar::OnSize(UINT, int width, int) {
+  std::vector<PlacedButton> places = Place(width);
+  bool isSame = std::ranges::equal(places, buttons_, [](const PlacedButton& place, const Button& button) {
+    return place.left == button.place.left && place.row == button.place.row;
+  });
+  if (!isSame) PlaceAll();
 }
 
 void CToolBar::PlaceAll() {
   buttons_.clear();
-  for (const PlacedButton& place :
-       PlaceButtons(withProject_, Scale(kSurround), ButtonSize(), Scale(kGroupGap)))
+  for (const PlacedButton& place : Place(static_cast<int>(ClientRect().right)))
     buttons_.push_back({place, CanAct(place.button)});
   MakeTips();
   Invalidate(nullptr, true);
@@ -99,7 +114,7 @@ LRESULT CToolBar::OnNotify(WPARAM, LPARAM l) {
   auto* header = reinterpret_cast<NMHDR*>(l);
   if (header->code != TTN_GETDISPINFOW || header->idFrom >= buttons_.size()) return Default();
   auto* wanted = reinterpret_cast<NMTTDISPINFOW*>(l);
-  std::wstring tip = ToWide(TipText(buttons_[header->idFrom].place.button.command));
+  std::wstring tip = ToWide(TipText(itemText_(buttons_[header->idFrom].place.button.command)));
   ::lstrcpynW(wanted->szText, tip.c_str(), static_cast<int>(std::size(wanted->szText)));
   wanted->lpszText = wanted->szText;
   return 0;
@@ -142,7 +157,7 @@ int CToolBar::ButtonAt(POINT point) const {
 
 RECT CToolBar::ButtonRect(int index) const {
   const PlacedButton& place = buttons_[static_cast<std::size_t>(index)].place;
-  int top = Scale(kSurround);
+  int top = Scale(kSurround) + place.row * ButtonSize();
   return {place.left, top, place.right, top + ButtonSize()};
 }
 

@@ -22,12 +22,15 @@ class CToolBar : public CWnd {
 
   ~CToolBar() override { Destroy(); }
 
-  // Creates the bar at no size: the frame lays it out with Height(). Commands go to `parent`. False when the
-  // window could not be made.
-  [[nodiscard]] bool CreateBar(HWND parent, bool withProject, Query query);
+  // What a command's menu item says, its key behind a TAB.
+  using ItemText = std::function<std::string(UINT id)>;
 
-  // The height of the bar in pixels.
-  int Height() const;
+  // Creates the bar at no size: the frame lays it out with HeightFor(). Commands go to `parent`. False when
+  // the window could not be made.
+  [[nodiscard]] bool CreateBar(HWND parent, bool withProject, Query query, ItemText itemText);
+
+  // The height of a bar of that width, in pixels.
+  int HeightFor(int width) const;
 
   // Asks anew which buttons can act, and paints those for which the answer is another. Cheap enough for idle
   // time.
@@ -51,6 +54,7 @@ class CToolBar : public CWnd {
   static constexpr int kNone = -1;
 
   bool OnCreate(const CREATESTRUCTW& create);
+  void OnSize(UINT kind, int width, int height);
   void OnPaint();
   void OnColorsChanged();
   void OnButtonDown(UINT keys, POINT point);
@@ -60,6 +64,7 @@ class CToolBar : public CWnd {
   LRESULT OnCaptureChanged(WPARAM w, LPARAM l);
   LRESULT OnNotify(WPARAM w, LPARAM l);
 
+  std::vector<PlacedButton> Place(int width) const;
   void PlaceAll();
   void MakeTips();
   bool CanAct(const ToolButton& button) const;
@@ -72,6 +77,7 @@ class CToolBar : public CWnd {
   int ButtonSize() const;
 
   Query query_;
+  ItemText itemText_;
   bool withProject_ = true;
   bool projectEnabled_ = false;
   int dpi_ = 96;

@@ -1,5 +1,7 @@
 #include "ui/bars/tool_buttons.h"
 
+#include <algorithm>
+
 namespace tarrow {
 
 namespace {
@@ -35,6 +37,20 @@ constexpr ToolButton kButtons[] = {
     {19, kProjectDebug},
 };
 
+std::vector<PlacedButton> PlaceInOneRow(bool withProject, int left, int width, int gap) {
+  std::vector<PlacedButton> placed;
+  for (const ToolButton& button : kButtons) {
+    if (IsProjectButton(button) && !withProject) continue;
+    if (button.IsGap()) {
+      left += gap;
+    } else {
+      placed.push_back({button, left, left + width});
+      left += width;
+    }
+  }
+  return placed;
+}
+
 }  // namespace
 
 std::span<const ToolButton> ToolButtons() {
@@ -45,16 +61,18 @@ bool IsProjectButton(const ToolButton& button) {
   return button.command >= kProjectSelect && button.command <= kProjectViewLog;
 }
 
-std::vector<PlacedButton> PlaceButtons(bool withProject, int left, int width, int gap) {
-  std::vector<PlacedButton> placed;
-  for (const ToolButton& button : kButtons) {
-    if (IsProjectButton(button) && !withProject) continue;
-    if (button.IsGap()) {
-      left += gap;
-    } else {
-      placed.push_back({button, left, left + width});
-      left += width;
-    }
+std::vector<PlacedButton> PlaceButtons(bool withProject, const ToolBarMeasures& measures) {
+  std::vector<PlacedButton> placed =
+      PlaceInOneRow(withProject, measures.surround, measures.button, measures.gap);
+  int right = measures.width - measures.surround;
+  if (placed.back().right <= right) return placed;
+  placed = PlaceInOneRow(withProject, measures.surround, measures.button, 0);
+  int perRow = std::max(1, (right - measures.surround) / measures.button);
+  for (int i = 0; i < static_cast<int>(placed.size()); ++i) {
+    PlacedButton& place = placed[static_cast<std::size_t>(i)];
+    place.row = i / perRow;
+    place.left = measures.surround + i % perRow * measures.button;
+    place.right = place.left + measures.button;
   }
   return placed;
 }

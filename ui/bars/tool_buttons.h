@@ -30,9 +30,19 @@ struct PlacedButton {
   ToolButton button;
   int left;
   int right;
+  int row = 0;
 };
 
-// The buttons side by side from `left` on, each `width` wide, groups `gap` apart.
-[[nodiscard]] std::vector<PlacedButton> PlaceButtons(bool withProject, int left, int width, int gap);
+// The sizes of a bar and its buttons, in pixels.
+struct ToolBarMeasures {
+  int width;     // of the bar
+  int surround;  // left and right of the buttons
+  int button;
+  int gap;  // between groups
+};
+
+// The buttons side by side, groups apart. Where the bar is too narrow the groups close up, and where that
+// does not suffice the buttons go on in another row; a row has one button at least.
+[[nodiscard]] std::vector<PlacedButton> PlaceButtons(bool withProject, const ToolBarMeasures& measures);
 
 }  // namespace tarrow

@@ -122,8 +122,8 @@ int CWinSelector::NumberOf(HWND child) const {
 // Brings the row of a window up to date, and adds it at the end of the list.
 void CWinSelector::ShowRow(int number) {
   auto place = static_cast<WPARAM>(number - 1);
-  HWND window = windows_[place];
-  std::string title = window ? FromHandle(window)->Text() : std::string();
+  auto* child = dynamic_cast<CMDIChildWnd*>(FromHandle(windows_[place]));
+  std::string title = child ? child->ListText() : std::string();
   std::wstring row = ToWide(std::to_string(number) + "  " + title);
   bool wasChosen = Chosen() == number;
   ::SendMessageW(list_, LB_DELETESTRING, place, 0);

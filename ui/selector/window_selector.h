@@ -26,7 +26,7 @@ class CWinSelector final : public CWnd {
   void Add(const CMDIChildWnd& child);
   void Remove(const CMDIChildWnd& child);
   void Select(const CMDIChildWnd& child);
-  void Retitle(const CMDIChildWnd& child);
+  void Retitle(const CMDIChildWnd& child);  // its text, or whether it is saved, has changed
   void SetUpdating(bool updating);
 
   bool HasFocus() const { return Exists() && ::IsChild(Handle(), ::GetFocus()); }

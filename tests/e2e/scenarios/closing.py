@@ -59,6 +59,22 @@ class Closing(Scenario):
         program.answer(QUESTION, "Cancel")
         program.wait_titles([shown_path(path) for path in paths])
 
+    def test_the_window_of_the_question_is_in_front(self):
+        names = ["a.txt", "b.txt"]
+        paths = [self.write(name, b"\r\n") for name in names]
+        program = self.start(*names)
+        program.wait_file(paths[1])
+        self.stage.type("x")
+        self.stage.keys("Ctrl+F6")
+        program.wait_file(paths[0])
+        program.close()
+        program.dialog(QUESTION)
+        self.assertEqual(program.titles()[0], shown_path(paths[1]))
+        program.answer(QUESTION, "No")
+        self.assertEqual(program.wait_end(), 0)
+        session = self.read_settings()["session"]
+        self.assertTrue(session["edit01"].startswith(shown_path(paths[0])), session)
+
     def test_an_untitled_text_asks_for_its_name(self):
         program = self.start()
         self.stage.keys("Ctrl+n")

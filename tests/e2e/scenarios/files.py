@@ -94,8 +94,17 @@ class Opening(Scenario):
     def test_a_directory_opens_nothing(self):
         (self.folder / "directory").mkdir()
         program = self.start("directory")
+        self.assertIn("directory' is a directory", program.answer("name files in it", "OK"))
         program.wait_titles([])
         self.assertEqual(program.close_and_end(), 0)
+
+    def test_a_pattern_that_finds_nothing_is_not_made(self):
+        for pattern in ("*.xyz", "no?file.c"):
+            with self.case(pattern):
+                program = self.start(pattern)
+                self.assertIn("The file could not be located", program.answer("Error accessing", "OK"))
+                program.wait_titles([])
+                self.assertEqual(program.close_and_end(), 0)
 
     def test_the_same_file_opens_once(self):
         program, path = self.open("a.txt", b"a\r\n")

@@ -7,6 +7,8 @@ import subprocess
 from tarrow import Scenario
 from workshop import BUILD
 
+WM_ENDSESSION = 0x16
+
 
 class Installed(Scenario):
     """A copy of the program in a folder of the scenario's own."""
@@ -100,6 +102,21 @@ class WithTheUser(Installed):
         subprocess.run(["mount", "-o", "remount,ro", disk], check=True)
         kept = self.run_and_be_told(initialisation=None, program=program)
         self.assertIn(b"Window=", kept.read_bytes())
+
+    def test_the_end_of_the_session_waits_for_nobody(self):
+        beside = self.folder / "home" / "tarrow.ini"
+        for named in (False, True):
+            with self.case("named" if named else "beside"):
+                self.forget()
+                shutil.rmtree(self.folder / "home", ignore_errors=True)
+                program = self.install("home")
+                beside.write_bytes(b"[Settings]\r\n")
+                beside.chmod(0o444)
+                running = self.start(initialisation=beside if named else None, program=program)
+                self.stage.probe.ask("send", running.handle, WM_ENDSESSION, 1, 0)
+                self.assertEqual(running.dialogs(), [])
+                self.assertEqual(beside.read_bytes(), b"[Settings]\r\n")
+                self.assertIn(b"Window=", self.kept().read_bytes())
 
     def test_a_directory_in_place_of_the_file(self):
         (self.folder / "elsewhere").mkdir()

@@ -32,7 +32,11 @@ class BareFrame : public CMDIFrameWnd {
 
 constexpr WindowClass kChildClass{L"TarrowTestBareChild"};
 
-class BareChild : public CMDIChildWnd {};
+class BareChild : public CMDIChildWnd {
+ public:
+  bool IsUnsaved() const override { return isUnsaved; }
+  bool isUnsaved = false;
+};
 
 std::vector<std::string> Texts(HMENU menu) {
   std::vector<std::string> texts;
@@ -55,6 +59,33 @@ TEST(MenuBars, ShowsOneBarAndThenTheOther) {
   frame.menus.EnableProject(frame, false);
   UINT state = ::GetMenuState(::GetMenu(frame.Handle()), kEditProjectPopup, MF_BYPOSITION);
   EXPECT_TRUE(state & MF_GRAYED);
+}
+
+TEST(MenuBars, MarksTheWindowsThatAreNotSaved) {
+  BareFrame frame;
+  frame.menus.Show(frame, MenuBar::kEdit);
+  HMENU windows = ::GetSubMenu(::GetMenu(frame.Handle()), kEditWindowPopup);
+  std::vector<BareChild*> children;
+  for (int i = 0; i < 12; ++i) {  // more than the list has room for
+    children.push_back(new BareChild);
+    ASSERT_TRUE(children.back()->CreateChild(frame, kChildClass, "c:\\file" + std::to_string(i), 0, false));
+  }
+  auto marked = [&] {
+    MenuBars::MarkUnsaved(frame, windows);
+    std::string names;
+    for (const std::string& text : Texts(windows))
+      if (text.ends_with(" *")) names += text + ";";
+    return names;
+  };
+  EXPECT_EQ(marked(), "");
+  for (int i : {1, 7, 11}) children[static_cast<std::size_t>(i)]->isUnsaved = true;
+  for (int times = 0; times < 2; ++times) {
+    EXPECT_NE(marked().find("c:\\file1 *;"), std::string::npos);
+    EXPECT_NE(marked().find("c:\\file7 *;"), std::string::npos);
+  }
+  EXPECT_EQ(children[1]->Text(), "c:\\file1");
+  children[1]->isUnsaved = false;
+  EXPECT_EQ(marked().find("c:\\file1 "), std::string::npos);
 }
 
 TEST(MenuBars, ListsWindowsThatWereOpenBeforeTheBar) {

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <commctrl.h>
+
 #include <set>
 #include <stdexcept>
 #include <vector>
@@ -37,14 +39,22 @@ class ToolBarTest : public testing::Test {
       state.enabled = !greyed_.contains(id);
       return true;
     };
-    EXPECT_TRUE(bar_.CreateBar(owner_.Handle(), true, query));
-    ::MoveWindow(bar_.Handle(), 0, 0, 880, bar_.Height(), TRUE);
+    auto itemText = [](UINT id) { return std::string(CommandMenuText(static_cast<CommandId>(id))); };
+    EXPECT_TRUE(bar_.CreateBar(owner_.Handle(), true, query, itemText));
+    SetWidth(880);
+  }
+  void SetWidth(int width) { ::MoveWindow(bar_.Handle(), 0, 0, width, bar_.HeightFor(width), TRUE); }
+  std::wstring TipOf(UINT_PTR button) const {
+    NMTTDISPINFOW wanted{};
+    wanted.hdr = {nullptr, button, static_cast<UINT>(TTN_GETDISPINFOW)};
+    bar_.Send(WM_NOTIFY, button, reinterpret_cast<LPARAM>(&wanted));
+    return wanted.lpszText ? wanted.lpszText : L"";
   }
 
   // A point on the n-th button from the left.
   static LPARAM OnButton(std::size_t n) {
     int size = 24, top = 2 + size / 2;
-    return MAKELPARAM(PlaceButtons(true, 2, size, 8)[n].left + size / 2, top);
+    return MAKELPARAM(PlaceButtons(true, {880, 2, size, 8})[n].left + size / 2, top);
   }
   void Move(LPARAM to) const { bar_.Send(WM_MOUSEMOVE, 0, to); }
   void Press(LPARAM at) const { bar_.Send(WM_LBUTTONDOWN, MK_LBUTTON, at); }
@@ -99,6 +109,24 @@ TEST_F(ToolBarTest, OnlyButtonsThatChangedArePainted) {
   RECT dirty{};
   EXPECT_TRUE(::GetUpdateRect(bar_.Handle(), &dirty, FALSE));
   EXPECT_EQ(dirty.right - dirty.left, 24);
+}
+
+TEST_F(ToolBarTest, TipsNameTheKey) {
+  EXPECT_EQ(TipOf(0), L"New (Ctrl+N)");
+  EXPECT_EQ(TipOf(1), L"Open (Ctrl+O)");
+  EXPECT_EQ(TipOf(5), L"Cut (Ctrl+X)");
+  EXPECT_EQ(TipOf(14), L"Window context (F1)");
+}
+
+TEST_F(ToolBarTest, ANarrowBarHasAnotherRow) {
+  EXPECT_EQ(bar_.HeightFor(880), 2 + 24 + 2);
+  EXPECT_EQ(bar_.HeightFor(2 + 21 * 24 + 2), 2 + 24 + 2);
+  EXPECT_EQ(bar_.HeightFor(2 + 11 * 24 + 2), 2 + 2 * 24 + 2);
+  SetWidth(2 + 11 * 24 + 2);
+  LPARAM twelfth = MAKELPARAM(2 + 5, 2 + 24 + 5);
+  Press(twelfth);
+  Release(twelfth);
+  EXPECT_EQ(owner_.commands, std::vector<UINT>{kSearchFind});
 }
 
 TEST_F(ToolBarTest, ProjectButtonsActWhileAProjectIsOpen) {
