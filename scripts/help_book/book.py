@@ -85,10 +85,12 @@ class Book:
         anchor = re.sub(r"\W+", "-", f"ini-{argument}").strip("-")
         return f'<h4 id="{anchor}"><code>{escape(key)}</code> <span class="tag">{tag}</span></h4>'
 
-    def message_entry(self, number):
-        text = re.sub(r"%\w*", "…", self.sources.strings[int(number)].replace("%ld", "…").replace("%%", "%"))
+    def message_entry(self, constant):
+        """A message by the constant that code knows it by; its fields are shown as dots."""
+        number = self.sources.string_numbers[constant]
+        text = re.sub(r"%\w*", "…", self.sources.strings[number])
         lines = "<br>".join(escape(line) for line in text.split("\n"))
-        return f'<h4 id="text-{int(number)}" class="text">{lines}</h4>'
+        return f'<h4 id="text-{number}" class="text">{lines}</h4>'
 
     # Tables of the program.
 

@@ -55,6 +55,14 @@ std::string RegisteredBrowser() {
   return result == S_OK ? ToUtf8(command) : std::string();
 }
 
+// Where a browser starts: it outlives us, and a directory in which a program runs can be neither removed nor
+// renamed. The user's own must stay free.
+std::wstring StartDirectory() {
+  wchar_t path[MAX_PATH];
+  UINT length = ::GetSystemDirectoryW(path, MAX_PATH);
+  return length < MAX_PATH ? std::wstring(path, length) : std::wstring();
+}
+
 bool StartBrowser(const std::string& path) {
   std::string registered = RegisteredBrowser();
   if (registered.empty()) return false;
@@ -63,8 +71,8 @@ bool StartBrowser(const std::string& path) {
   startup.cb = sizeof startup;
   PROCESS_INFORMATION process{};
   ::AllowSetForegroundWindow(ASFW_ANY);
-  if (!::CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                        &process))
+  if (!::CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, StartDirectory().c_str(),
+                        &startup, &process))
     return false;
   ::CloseHandle(process.hThread);
   ::CloseHandle(process.hProcess);
@@ -72,12 +80,13 @@ bool StartBrowser(const std::string& path) {
 }
 
 bool OpenByShell(HWND owner, const std::string& path) {
-  std::wstring file = ToWide(path);
+  std::wstring file = ToWide(path), directory = StartDirectory();
   SHELLEXECUTEINFOW info{};
   info.cbSize = sizeof info;
   info.fMask = SEE_MASK_NOASYNC | SEE_MASK_FLAG_NO_UI;
   info.hwnd = owner;
   info.lpFile = file.c_str();
+  info.lpDirectory = directory.c_str();
   info.nShow = SW_SHOWNORMAL;
   return ::ShellExecuteExW(&info) != FALSE;
 }

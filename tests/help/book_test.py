@@ -151,7 +151,7 @@ class HelpBook(unittest.TestCase):
 
     def test_faults_of_a_chapter_are_told_with_their_place(self):
         for planted in ("@command File:Lost", "@lost word", "[[File:Lost]]", "{{File:Lost}}", "@option Lost",
-                        "@message 1", "| a | b |\n| c |", "```\nno end", "#no title"):
+                        "@message kTextLost", "| a | b |\n| c |", "```\nno end", "#no title"):
             with self.subTest(planted=planted), self.assertRaisesRegex(MarkupError, r"^a\.md:2: "):
                 Renderer(Book(SOURCES), "a.md", f"\n{planted}\n").render()
 
