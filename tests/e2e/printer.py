@@ -11,6 +11,7 @@ import re
 import shutil
 import subprocess
 import sys
+import tempfile
 import xml.etree.ElementTree
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "scripts"))
@@ -135,7 +136,7 @@ class Printer:
     def __init__(self, folder=None):
         self.folder = pathlib.Path(folder or BUILD / "printer")
         # The path of a socket is short, whatever the path of the tree.
-        self.socket = pathlib.Path(f"/tmp/tarrow-printer-{os.getpid()}.sock")
+        self.socket = pathlib.Path(tempfile.gettempdir()) / f"tarrow-printer-{os.getpid()}.sock"
         self.server = None
 
     @contextlib.contextmanager
