@@ -42,13 +42,12 @@ tarrow::PageFormat Format() {
   return format;
 }
 
-std::size_t LayOut(const tarrow::TextBuffer& buffer, int& pages) {
-  RecordingSurface surface;
+int LayOut(const tarrow::TextBuffer& buffer, RecordingSurface& surface) {
+  surface.Clear();
   tarrow::Charset charset;
   tarrow::BufferLines lines(buffer, charset, {tarrow::BytePos(0), buffer.End()});
   tarrow::PageFormat format = Format();
-  pages = tarrow::PageLayout(format, surface, nullptr).Print(lines);
-  return surface.units.size();
+  return tarrow::PageLayout(format, surface, nullptr).Print(lines);
 }
 
 }  // namespace
@@ -60,14 +59,14 @@ int main(int argc, char** argv) {
   tarrow::TextBuffer buffer;
   buffer.Replace({}, text);
 
-  int pages = 0;
-  LayOut(buffer, pages);
-  Check(pages == wanted, "the number of pages");
+  RecordingSurface surface;
+  Check(LayOut(buffer, surface) == wanted, "the number of pages");
+  Check(surface.Text(0).substr(0, 8) == "source.c", "the header of the first page");
   auto file = std::filesystem::temp_directory_path() / ("print_benchmark." + std::to_string(::getpid()));
   std::ofstream(file, std::ios::binary) << text;
   std::string pr = "pr -e -l 60 " + file.string() + " >/dev/null";
 
-  double own = BestSeconds(runs, [&] { LayOut(buffer, pages); });
+  double own = BestSeconds(runs, [&] { LayOut(buffer, surface); });
   double rival = BestSeconds(runs, [&] { Check(std::system(pr.c_str()) == 0, "pr"); });
   std::filesystem::remove(file);
   std::string work = "lay out " + std::to_string(wanted) + " pages";

@@ -108,9 +108,7 @@ void RowBreaker::Put(char32_t code, int width) {
   StartPieceIf(needsPiece_ || (!isMark && (isBackwards_ || isBackwards)));
   if (!isMark) isBackwards_ = isBackwards;
   isBlank_ = isBlank_ && code == U' ';
-  AppendUtf16(DisplayedCode(code), units_);
-  advances_.push_back(width);
-  advances_.resize(units_.size(), 0);
+  AppendDrawn(code, width, widths_, marks_.back().from, units_, advances_);
   x_ += width;
 }
 

@@ -49,10 +49,8 @@ int FontWidths::WidthOf(char32_t code) const {
 bool FontWidths::ReachesBack(char32_t mark) const {
   auto [found, isNew] = reachesBack_.try_emplace(mark, false);
   if (!isNew || mark > 0xFFFF) return found->second;
-  ClientDc dc(nullptr);
-  SelectedObject selected(dc, font_);
   ABC ink{};
-  bool isKnown = ::GetCharABCWidthsW(dc, mark, mark, &ink) != 0;
+  bool isKnown = OnDevice([&](HDC dc) { return ::GetCharABCWidthsW(dc, mark, mark, &ink) != 0; });
   return found->second = isKnown && ink.abcA + static_cast<int>(ink.abcB) / 2 < 0;
 }
 

@@ -143,16 +143,14 @@ BytePos LineLayout::Nearest(Pixels x) const {
   return x - spot.x < (spot.width + 1) / 2 ? spot.at : spot.at + spot.character.length;
 }
 
-// A mark that is drawn in the place of its letter takes the letter's width over.
-void LineLayout::AppendUnits(char32_t code, int width, LinePiece& piece) const {
-  bool isMark = IsCombining(code);
-  auto letter =
-      std::ranges::find_if(piece.advances.rbegin(), piece.advances.rend(), [](int n) { return n != 0; });
-  if (isMark && letter != piece.advances.rend() && !widths_.ReachesBack(code))
-    width = std::exchange(*letter, 0);
-  AppendUtf16(DisplayedCode(code), piece.text);
-  piece.advances.push_back(width);
-  piece.advances.resize(piece.text.size(), 0);
+void AppendDrawn(char32_t code, int width, const CharWidths& widths, std::size_t from, std::u16string& text,
+                 std::vector<int>& advances) {
+  auto front = advances.rend() - static_cast<std::ptrdiff_t>(from);
+  auto letter = std::find_if(advances.rbegin(), front, [](int n) { return n != 0; });
+  if (IsCombining(code) && letter != front && !widths.ReachesBack(code)) width = std::exchange(*letter, 0);
+  AppendUtf16(DisplayedCode(code), text);
+  advances.push_back(width);
+  advances.resize(text.size(), 0);
 }
 
 std::vector<LinePiece> LineLayout::Pieces(Pixels left, Pixels right, const std::vector<BytePos>& cuts) const {
@@ -173,7 +171,7 @@ std::vector<LinePiece> LineLayout::Pieces(Pixels left, Pixels right, const std::
     LinePiece& piece = pieces.back();
     piece.range.end = spot.at + spot.character.length;
     piece.width += spot.width;
-    if (!isTab) AppendUnits(code, spot.width, piece);
+    if (!isTab) AppendDrawn(code, spot.width, widths_, 0, piece.text, piece.advances);
   }
   return pieces;
 }

@@ -115,7 +115,6 @@ class LineLayout {
   Spot Walk(BytePos until, Pixels x) const;
   Spot SpotAt(BytePos at, Pixels x) const;
   std::int32_t PlainRun(BytePos at, BytePos until) const;
-  void AppendUnits(char32_t code, int width, LinePiece& piece) const;
 
   const TextView& text_;
   TextRange line_;
@@ -127,6 +126,11 @@ class LineLayout {
 
 // What is drawn for a character: itself, but a dot for a control character.
 char32_t DisplayedCode(char32_t code);
+
+// Adds a character to what is drawn in one call, whose units begin at `from`. A mark that is drawn in the
+// place of its letter takes the letter's width over.
+void AppendDrawn(char32_t code, int width, const CharWidths& widths, std::size_t from, std::u16string& text,
+                 std::vector<int>& advances);
 
 // Whether a character is drawn onto the one before it.
 bool IsCombining(char32_t code);

@@ -10,8 +10,8 @@ import pathlib
 import re
 import shutil
 import subprocess
-import tempfile
 import sys
+import tempfile
 import xml.etree.ElementTree
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "scripts"))
@@ -136,7 +136,7 @@ class Printer:
     def __init__(self, folder=None):
         self.folder = pathlib.Path(folder or BUILD / "printer")
         # The path of a socket is short, whatever the path of the tree.
-        self.socket = pathlib.Path(tempfile.gettempdir(), f"tarrow-printer-{os.getpid()}.sock")
+        self.socket = pathlib.Path(tempfile.gettempdir()) / f"tarrow-printer-{os.getpid()}.sock"
         self.server = None
 
     @contextlib.contextmanager
@@ -203,6 +203,35 @@ class Printer:
             job.unlink()
 
 
+class Page(list):
+    """The words of a page, and what is dark on it."""
+
+    DOTS_PER_MM = 20
+
+    def __init__(self, words, pdf, number):
+        super().__init__(words)
+        self.pdf, self.number, self.rows = pdf, number, None
+
+    def base_line(self, word):
+        """The lowest ink of a word, in millimetres from the upper edge: its base line, if nothing hangs below.
+
+        The word's box says less: its height is that of whichever characters the document has.
+        """
+        if self.rows is None:
+            self.rows = self._draw()
+        columns = slice(round(word.left * self.DOTS_PER_MM), round(word.right * self.DOTS_PER_MM))
+        top, bottom = round(word.top * self.DOTS_PER_MM), round((word.bottom + 1) * self.DOTS_PER_MM)
+        dark = [row for row in range(top, bottom) if min(self.rows[row][columns]) < 128]
+        return (dark[-1] + 1) / self.DOTS_PER_MM
+
+    def _draw(self):
+        number = str(self.number)
+        picture = subprocess.run(["pdftoppm", "-gray", "-r", str(self.DOTS_PER_MM * 25.4), "-f", number, "-l", number,
+                                  self.pdf], check=True, capture_output=True).stdout
+        _, width, height, _, dots = re.fullmatch(rb"(P5)\s(\d+)\s(\d+)\s(\d+)\s(.*)", picture, re.DOTALL).groups()
+        return [dots[row * int(width):(row + 1) * int(width)] for row in range(int(height))]
+
+
 def title(job):
     """The title that the program gave its job."""
     found = re.search(rb"^%%Title: (.*)$", job.read_bytes(), re.MULTILINE)
@@ -217,13 +246,9 @@ def to_pdf(job):
 
 def pages(job):
     """The pages of a job, each as its words."""
-    text = subprocess.run(["pdftotext", "-bbox", to_pdf(job), "-"], check=True, capture_output=True).stdout
+    pdf = to_pdf(job)
+    text = subprocess.run(["pdftotext", "-bbox", pdf, "-"], check=True, capture_output=True).stdout
     root = xml.etree.ElementTree.fromstring(text)
     space = root.tag.removesuffix("html")
-    return [[Word(word) for word in page.iter(f"{space}word")] for page in root.iter(f"{space}page")]
-
-
-def page_texts(job):
-    """The pages of a job as text, each line where it stands."""
-    text = subprocess.run(["pdftotext", "-layout", to_pdf(job), "-"], check=True, capture_output=True).stdout.decode()
-    return text.split("\f")[:-1]
+    return [Page(map(Word, page.iter(f"{space}word")), pdf, number)
+            for number, page in enumerate(root.iter(f"{space}page"), 1)]

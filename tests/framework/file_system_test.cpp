@@ -51,6 +51,16 @@ TEST(FileSystem, NamesKeepTheirCaseOnDisk) {
   EXPECT_THROW((void)FullPath("NUL"), CFileException);
 }
 
+TEST(FileSystem, TrueCasePathHasEveryComponentAsTheDiskHasIt) {
+  ScratchDirectory scratch;
+  std::string directory = scratch / "Mixed Dir";
+  MakeDirectory(directory);
+  std::string file = scratch.Make("Mixed Dir\\File.TXT", "");
+  EXPECT_EQ(TrueCasePath(LowerCase(file)).substr(3), file.substr(3));
+  EXPECT_EQ(TrueCasePath(LowerCase(directory) + "\\None.txt"), directory + "\\None.txt");
+  EXPECT_EQ(TrueCasePath("File1"), "File1");
+}
+
 TEST(FileSystem, Find) {
   ScratchDirectory scratch;
   (void)scratch.Make("one.c", "");

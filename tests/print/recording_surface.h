@@ -41,6 +41,13 @@ class RecordingSurface final : public PrintSurface {
     units += text;
   }
 
+  // Forgets all pages; their memory is kept for the next ones.
+  void Clear() {
+    pages.clear();
+    units.clear();
+    pieces_.clear();
+  }
+
   // A page as UTF-8, a line for each line height from its top, without blanks at the ends of lines.
   std::string Text(std::size_t page) const {
     std::vector<std::u16string> rows;

@@ -112,6 +112,20 @@ TEST(RowBreaker, CharactersFromRightToLeftAreDrawnOneByOne) {
   EXPECT_EQ(places, (std::vector<int>{0, 1, 2, 3}));
 }
 
+// A mark that is made to be drawn in the place of its letter has the letter's width.
+TEST(RowBreaker, MarksAreDrawnOverTheirLetters) {
+  CellWidths widths;
+  Charset utf8;
+  RowBreaker breaker(widths, 100 * kCell, kTab * kCell);
+  breaker.BeginLine(std::string_view("a\te\xCC\x81o"), utf8);
+  ASSERT_TRUE(breaker.NextRow());
+  auto pieces = breaker.Pieces();
+  ASSERT_EQ(pieces.size(), 2u);
+  EXPECT_EQ(std::vector<int>(pieces[0].advances.begin(), pieces[0].advances.end()), std::vector<int>{kCell});
+  EXPECT_EQ(std::vector<int>(pieces[1].advances.begin(), pieces[1].advances.end()),
+            (std::vector<int>{0, kCell, kCell}));
+}
+
 // Marks without end take no room, and still a row comes to its end.
 TEST(RowBreaker, ARowOfMarksEnds) {
   std::string marks;

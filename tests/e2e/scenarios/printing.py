@@ -7,12 +7,11 @@ from driver import BM_CLICK
 from tarrow import Scenario
 from workshop import windows_path
 
-# The printer's font: ten points at 600 dots an inch. Measures of its cell in parts of its size: the fixed
-# width, where the base line lies below the top of a line, and how far a word's box reaches below it.
+# The printer's font: ten points at 600 dots an inch. In millimetres: the width and height of its cell, and
+# where in it the base line lies.
 FONT = "DejaVu Sans Mono,-83,400,0"
-SIZE = 83 / 600 * 25.4
-CELL = 50 / 600 * 25.4
-ASCENT, HEIGHT, BELOW = 0.928 * SIZE, 97 / 600 * 25.4, 0.24 * SIZE
+CELL, HEIGHT = 50 / 600 * 25.4, 97 / 600 * 25.4
+ASCENT = 0.928 * 83 / 600 * 25.4
 
 PAPER_WIDTH, PAPER_HEIGHT = 595 / 72 * 25.4, 842 / 72 * 25.4
 NEAR = 0.2  # millimetres
@@ -62,10 +61,10 @@ class Printing(Scenario):
     def assert_near(self, value, wanted, what):
         self.assertLess(abs(value - wanted), NEAR, f"{what}: {value:.2f} mm, not {wanted:.2f}")
 
-    def assert_stands(self, word, left, top):
+    def assert_stands(self, page, word, left, top):
         """That a word begins at `left` on the line whose upper edge is at `top`."""
         self.assert_near(word.left, left, f"left edge of {word}")
-        self.assert_near(word.bottom - BELOW, top + ASCENT, f"base line of {word}")
+        self.assert_near(page.base_line(word), top + ASCENT, f"base line of {word}")
 
 
 class CommandLine(Printing):
@@ -90,9 +89,9 @@ class CommandLine(Printing):
     def test_a_file_that_is_not_there_is_a_failure(self):
         self.write("b.txt", b"text\r\n")
         program = self.launch("-p", "nowhere\\a.txt", "b.txt")
-        box = program.stage.wait(lambda: next((window for window in self.stage.everything()
-                                               if window.kind == "#32770"), None), "a message")
-        self.stage.probe.ask("post", box.find("Button", "No").handle, BM_CLICK, 0, 0)
+        no = self.stage.wait(lambda: next(filter(None, (window.find("Button", "No")
+                                                        for window in self.stage.everything())), None), "a question")
+        self.stage.probe.ask("post", no.handle, BM_CLICK, 0, 0)
         self.assertEqual(program.wait_end(), 1)
         self.assertEqual(printer.title(self.job()), "b.txt")
 
@@ -106,13 +105,13 @@ class Pages(Printing):
         page, = self.pages_of(b"first\r\n\tsecond\r\n")
         header, first, second, *footer = page
         self.assertEqual(texts(page), ["a.txt", "first", "second", "Page", "1"])
-        self.assert_stands(first, 25.0, 20.0 + 2 * HEIGHT)
-        self.assert_stands(second, 25.0 + 8 * CELL, 20.0 + 3 * HEIGHT)
+        self.assert_stands(page, first, 25.0, 20.0 + 2 * HEIGHT)
+        self.assert_stands(page, second, 25.0 + 8 * CELL, 20.0 + 3 * HEIGHT)
         middle = 25.0 + (PAPER_WIDTH - 50.0) / 2
         self.assert_near((header.left + header.right) / 2, middle, "middle of the header")
         self.assert_near((footer[0].left + footer[1].right) / 2, middle, "middle of the footer")
-        self.assert_stands(header, header.left, 20.0)
-        self.assert_stands(footer[0], footer[0].left, PAPER_HEIGHT - 20.0 - HEIGHT)
+        self.assert_stands(page, header, header.left, 20.0)
+        self.assert_stands(page, footer[1], footer[1].left, PAPER_HEIGHT - 20.0 - HEIGHT)
 
     def test_margins_header_and_footer_are_those_of_the_page_setup(self):
         self.write_settings(PageMargins="300,150,100,400", PageHeader="&l&f&r&p", PageFooter="&x&lleft", TabSize=4)
@@ -120,11 +119,11 @@ class Pages(Printing):
         self.assertEqual(sorted(texts(page)), ["&x", "1", "a.txt", "left", "x"])
         name, number, text = sorted(page, key=lambda word: (round(word.bottom), word.left))[:3]
         self.assertEqual(texts([name, number, text]), ["a.txt", "1", "x"])
-        self.assert_stands(name, 30.0, 15.0)
+        self.assert_stands(page, name, 30.0, 15.0)
         self.assert_near(number.right, PAPER_WIDTH - 10.0, "right edge of the page number")
-        self.assert_stands(text, 30.0 + 4 * CELL, 15.0 + 2 * HEIGHT)
+        self.assert_stands(page, text, 30.0 + 4 * CELL, 15.0 + 2 * HEIGHT)
         footer = next(word for word in page if word.text == "left")
-        self.assert_stands(footer, 30.0, PAPER_HEIGHT - 40.0 - HEIGHT)
+        self.assert_stands(page, footer, 30.0, PAPER_HEIGHT - 40.0 - HEIGHT)
 
     def test_the_header_names_the_file_as_the_disk_does(self):
         self.write_settings(PageHeader="&l&F", PageFooter="&l&f", PrinterFont="DejaVu Sans Mono,-30,400,0")
@@ -147,7 +146,7 @@ class Pages(Printing):
         pages = self.pages_of(b"x" * 300 + b"\r\n" + numbered(80))
         left, _, right, top = (side / 72 * 25.4 for side in printer.PRINTABLE)
         first = pages[0][0]
-        self.assert_stands(first, left, PAPER_HEIGHT - top)
+        self.assert_stands(pages[0], first, left, PAPER_HEIGHT - top)
         self.assertEqual(len(first.text), int((right - left) / CELL))
 
     def test_a_long_line_is_broken_after_what_fits(self):
@@ -161,9 +160,11 @@ class Pages(Printing):
         self.assertEqual([text for page in pages for text in texts(page)[1:-2]],
                          numbered(150).decode().split())
         self.assertEqual([texts(page)[-2:] for page in pages], [["Page", str(i)] for i in range(1, 4)])
-        last = pages[0][-3]
-        self.assertLess(last.bottom - BELOW - ASCENT + HEIGHT, PAPER_HEIGHT - 20.0 - 2 * HEIGHT + NEAR)
-        self.assertGreater(last.bottom - BELOW - ASCENT + 2 * HEIGHT, PAPER_HEIGHT - 20.0 - 2 * HEIGHT - NEAR)
+        # The last line ends above the footer's two, and another one would not have fitted.
+        end = pages[0].base_line(pages[0][-3]) - ASCENT + HEIGHT
+        limit = PAPER_HEIGHT - 20.0 - 2 * HEIGHT
+        self.assertLess(end, limit + NEAR)
+        self.assertGreater(end + HEIGHT, limit - NEAR)
 
     def test_a_form_feed_starts_a_page_and_an_empty_file_is_one(self):
         self.write("empty.txt", b"")
@@ -292,10 +293,11 @@ class PageSetup(Printing):
         program.press(settings, "Apply")
         program.command("File:Print")
         program.press(program.dialog("Print range"), "OK")
-        header, text = printer.pages(self.job())[0][:2]
+        page, = printer.pages(self.job())
+        header, text = page[:2]
         self.assertEqual(header.text, "mine")
-        self.assert_stands(header, 38.1, 12.7)
-        self.assert_stands(text, 38.1, 12.7 + 2 * HEIGHT)
+        self.assert_stands(page, header, 38.1, 12.7)
+        self.assert_stands(page, text, 38.1, 12.7 + 2 * HEIGHT)
         self.assertEqual(program.close_and_end(), 0)
         stored = self.read_settings()["settings"]
         self.assertEqual(stored["pagemargins"], "381,127,254,508")
