@@ -1,6 +1,8 @@
 #include "search/find/find_commands.h"
 
 #include "edit/control/text_control.h"
+#include "edit/documents/child.h"
+#include "search/find/find_in_view.h"
 #include "search/find/find_in_window.h"
 #include "ui/program/help_topics.h"
 #include "ui/program/private_messages.h"
@@ -43,38 +45,55 @@ FindCommands::~FindCommands() {
   CloseDialog();
 }
 
+SearchableFile* FindCommands::File() const {
+  return dynamic_cast<SearchableFile*>(documents_.ActiveDocument());
+}
+
+bool FindCommands::CanRun(bool changes) const {
+  const TextControl* control = Text();
+  if (changes) return control && !control->IsReadOnly();
+  return control || File();
+}
+
 void FindCommands::OnFind(UINT id) {
-  TextControl* control = documents_.ActiveText();
   bool opens = id == kSearchFind || id == kSearchReplace;
   bool changes = id == kSearchReplace || id == kSearchReplaceNext;
   if (opens && dialog_)
     ::SetActiveWindow(dialog_->Handle());
-  else if (!control || (changes && control->IsReadOnly()))
+  else if (!CanRun(changes))
     Warn();
   else if (opens)
-    OpenDialog(id == kSearchFind);
+    Guarded([&] { OpenDialog(id == kSearchFind); });
   else
-    Guarded([&] { Search(*control, id); });
+    Guarded([&] { Search(id); });
 }
 
 CommandState FindCommands::StateOf(UINT id) const {
-  TextControl* control = documents_.ActiveText();
   bool changes = id == kSearchReplace || id == kSearchReplaceNext;
   bool opens = id == kSearchFind || id == kSearchReplace;
   if (opens && dialog_) return {};
-  return {control && !(changes && control->IsReadOnly()), false};
+  return {CanRun(changes), false};
 }
 
-void FindCommands::Search(TextControl& control, UINT id) {
-  FindInWindow window = In(control, BoxOwner(control));
+void FindCommands::Search(UINT id) {
   state_.searchForward = id != kSearchFindPrev;
-  if (id != kSearchReplaceNext) window.TakeSelection();
-  if (window.Find() && id == kSearchReplaceNext) window.ReplaceSelection();
+  if (TextControl* control = Text()) {
+    FindInWindow window = In(*control, BoxOwner());
+    if (id != kSearchReplaceNext) window.TakeSelection();
+    if (window.Find() && id == kSearchReplaceNext) window.ReplaceSelection();
+  } else if (SearchableFile* file = File()) {
+    FindInView view = In(*file, BoxOwner());
+    view.TakeSelection();
+    view.Find();
+  }
 }
 
 void FindCommands::OpenDialog(bool findOnly) {
   HWND frame = frame_.Handle();
-  In(*documents_.ActiveText(), frame).TakeSelection();
+  if (TextControl* control = Text())
+    In(*control, frame).TakeSelection();
+  else if (SearchableFile* file = File())
+    In(*file, frame).TakeSelection();
   auto* dialog = new CTwFindReplaceDialog(state_, ClientOnScreen(frame), [this] { dialog_ = nullptr; });
   if (dialog->Show(findOnly, frame))
     dialog_ = dialog;
@@ -99,10 +118,9 @@ void FindCommands::ForgetDialog() {
 }
 
 void FindCommands::ObeyDialog() {
-  TextControl* control = documents_.ActiveText();
-  if (!control || (!dialog_->IsFindOnly() && control->IsReadOnly())) return Warn();
+  if (!CanRun(!dialog_->IsFindOnly())) return Warn();
   TakeFields(*dialog_);
-  Guarded([&] { Obey(*dialog_, *control); });
+  Guarded([&] { Obey(*dialog_); });
   if (dialog_) ::SetWindowPos(dialog_->Handle(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
 }
 
@@ -118,8 +136,10 @@ void FindCommands::TakeFields(CTwFindReplaceDialog& dialog) {
 }
 
 // With an unchanged pattern the selection is the last match, and Replace replaces it at once.
-void FindCommands::Obey(CTwFindReplaceDialog& dialog, TextControl& control) {
-  FindInWindow window = In(control, BoxOwner(control));
+void FindCommands::Obey(CTwFindReplaceDialog& dialog) {
+  TextControl* control = Text();
+  if (!control) return In(*File(), BoxOwner()).Find();
+  FindInWindow window = In(*control, BoxOwner());
   if (dialog.IsReplaceAll()) return window.ReplaceAll();
   if (dialog.IsFindNext()) return void(window.Find());
   if (!dialog.IsReplace()) return;
@@ -141,12 +161,18 @@ FindInWindow FindCommands::In(TextControl& control, HWND boxOwner) {
   return FindInWindow(messages_, waiting_, state_, control, boxOwner);
 }
 
+FindInView FindCommands::In(SearchableFile& file, HWND boxOwner) {
+  return FindInView(frame_.Handle(), documents_, messages_, waiting_, state_, file, boxOwner);
+}
+
 void FindCommands::CloseDialog() {
   if (dialog_) dialog_->Send(WM_COMMAND, IDCANCEL);
 }
 
-HWND FindCommands::BoxOwner(const TextControl& control) const {
-  return dialog_ ? dialog_->Handle() : ::GetParent(control.Handle());
+HWND FindCommands::BoxOwner() const {
+  if (dialog_) return dialog_->Handle();
+  const CTwChild* document = documents_.ActiveDocument();
+  return document ? document->Handle() : frame_.Handle();
 }
 
 template <typename Action>
@@ -156,6 +182,8 @@ void FindCommands::Guarded(Action action) {
   } catch (const CYieldException&) {
     Warn();
     status_.ShowStatusId(kTextCancelled, kStatusSeconds);
+  } catch (const CFileException& error) {
+    messages_.ShowFileError(nullptr, error);
   } catch (const CMemoryException&) {
     messages_.ReportOutOfMemory();
   } catch (const std::bad_alloc&) {

@@ -43,7 +43,7 @@ class CTextFileView final : public CFileView {
   };
 
   CTextFileView(const DocumentServices& program, const std::string& path, std::uint32_t flags);
-  RecordFileOutcome OpenFile(const NonAnsiQuestion& question);
+  RecordFileOutcome OpenFile(bool asks);
 
   std::unique_ptr<Content> content_;
 };
