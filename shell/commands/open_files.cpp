@@ -159,7 +159,7 @@ void OpenFiles::FollowFile(std::string_view from, std::string_view to) {
   CTwChild* child = FindChildShowing(frame_, LowerCase(from));
   if (!child) return;
   child->FollowFile(LowerCase(to));
-  AddRecent(child->Path());
+  if (FormOf(child->Flags()) == DocumentForm::kEdit) AddRecent(child->Path());
 }
 
 CTwChild* OpenFiles::ActiveDocument() const {
