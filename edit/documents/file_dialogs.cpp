@@ -11,7 +11,7 @@
 namespace tarrow {
 namespace {
 
-constexpr DWORD kHexBox = 1, kReadOnlyBox = 2, kFormatGroup = 3, kFormatList = 4;
+constexpr DWORD kHexBox = 1, kReadOnlyBox = 2, kFormatGroup = 3, kFormatList = 4, kTextBox = 5;
 
 constexpr int kFormatNames[] = {kTextFormatDos, kTextFormatUnix, kTextFormatMac};
 
@@ -97,12 +97,14 @@ std::optional<OpenChoice> RunOpenDialog(HWND owner, std::string_view filter) {
   auto controls = QueryInterfaceOf<IFileDialogCustomize>(*dialog);
   if (controls) {
     controls->AddCheckButton(kHexBox, L"View in He&x", FALSE);
+    controls->AddCheckButton(kTextBox, L"View as &Text", FALSE);
     controls->AddCheckButton(kReadOnlyBox, L"&Read Only", FALSE);
   }
   if (FAILED(dialog->Show(owner))) return {};
   OpenChoice choice{Results(*dialog)};
   if (controls) {
     choice.viewInHex = IsChecked(*controls, kHexBox);
+    choice.viewAsText = !choice.viewInHex && IsChecked(*controls, kTextBox);
     choice.readOnly = IsChecked(*controls, kReadOnlyBox);
   }
   return choice;

@@ -23,6 +23,7 @@ namespace tarrow {
 struct OpenChoice {
   std::vector<std::string> paths;
   bool viewInHex = false;
+  bool viewAsText = false;
   bool readOnly = false;
 };
 

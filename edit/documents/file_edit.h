@@ -23,7 +23,8 @@ class CTwFileEdit : public CTwChild, public Printable, protected EditingOwner {
   static constexpr UINT kControlId = 3244;
 
   // Opens the file `path` (full, lower case) in a new window. Null when it could not be loaded, of which the
-  // user has been told, or when he did not want it.
+  // user has been told, or when he did not want it. Throws CMemoryException when the file does not fit, of
+  // which he has not been told.
   static CTwFileEdit* Open(const DocumentServices& program, const std::string& path, std::uint32_t flags);
 
   // A new window without a name, or null when it could not be made.

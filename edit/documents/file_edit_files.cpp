@@ -47,7 +47,8 @@ class AskUser final : public LoadQuestions {
   const std::string& path_;
 };
 
-// Loads a file and tells the user why when that fails.
+// Loads a file and tells the user why when that fails, except for a file that does not fit: then it throws
+// CMemoryException.
 std::optional<LoadedText> LoadFile(const DocumentServices& program, const std::string& path,
                                    std::int64_t maxSize) {
   try {
@@ -61,10 +62,8 @@ std::optional<LoadedText> LoadFile(const DocumentServices& program, const std::s
     program.messages.ShowFileError(nullptr, error);
   } catch (const CYieldException&) {
     ReportCancelled(program);
-  } catch (const CMemoryException&) {
-    program.messages.ShowMessageBox(nullptr, MB_ICONEXCLAMATION, kTextNoMemoryForFile, {path});
   } catch (const std::bad_alloc&) {
-    program.messages.ShowMessageBox(nullptr, MB_ICONEXCLAMATION, kTextNoMemoryForFile, {path});
+    throw CMemoryException();
   }
   return {};
 }
@@ -184,8 +183,12 @@ void CTwFileEdit::OnMerge() {
       RunPickFileDialog(Frame().Handle(), "Paste File", FileFilter(Program().options));
   if (!path) return;
   WaitState wait(Program().waiting);
-  std::optional<LoadedText> loaded = LoadFile(Program(), *path, kMaxTextSize - control_.Buffer().Size());
-  if (loaded) control_.Insert(loaded->text.Contiguous(), Charset::Of(loaded->text.View()));
+  try {
+    std::optional<LoadedText> loaded = LoadFile(Program(), *path, kMaxTextSize - control_.Buffer().Size());
+    if (loaded) control_.Insert(loaded->text.Contiguous(), Charset::Of(loaded->text.View()));
+  } catch (const CMemoryException&) {
+    Program().messages.ShowMessageBox(nullptr, MB_ICONEXCLAMATION, kTextNoMemoryForFile, {*path});
+  }
 }
 
 }  // namespace tarrow

@@ -1,7 +1,9 @@
 #include "search/find/find_commands.h"
 
 #include "edit/control/text_control.h"
+#include "edit/documents/child.h"
 #include "framework/text_resources.h"
+#include "search/find/find_in_view.h"
 #include "search/find/find_in_window.h"
 #include "search/find/match_place.h"
 #include "ui/program/help_topics.h"
@@ -58,39 +60,56 @@ FindCommands::~FindCommands() {
   CloseDialog();
 }
 
+SearchableFile* FindCommands::File() const {
+  return dynamic_cast<SearchableFile*>(documents_.ActiveDocument());
+}
+
+bool FindCommands::CanRun(bool changes) const {
+  const TextControl* control = Text();
+  if (changes) return control && !control->IsReadOnly();
+  return control || File();
+}
+
 void FindCommands::OnFind(UINT id) {
-  TextControl* control = documents_.ActiveText();
   bool opens = id == kSearchFind || id == kSearchReplace;
   bool changes = id == kSearchReplace || id == kSearchReplaceNext;
   if (opens && dialog_)
     ::SetActiveWindow(dialog_->Handle());
-  else if (!control || (changes && control->IsReadOnly()))
+  else if (!CanRun(changes))
     Warn();
   else if (opens)
-    OpenDialog(id == kSearchFind);
+    Guarded([&] { OpenDialog(id == kSearchFind); });
   else
-    Guarded([&] { Search(*control, id); });
+    Guarded([&] { Search(id); });
 }
 
 CommandState FindCommands::StateOf(UINT id) const {
-  TextControl* control = documents_.ActiveText();
   bool changes = id == kSearchReplace || id == kSearchReplaceNext;
   bool opens = id == kSearchFind || id == kSearchReplace;
   if (opens && dialog_) return {};
-  return {control && !(changes && control->IsReadOnly()), false};
+  return {CanRun(changes), false};
 }
 
-void FindCommands::Search(TextControl& control, UINT id) {
-  FindInWindow window = In(control, BoxOwner(control));
+void FindCommands::Search(UINT id) {
   state_.searchForward = id != kSearchFindPrev;
-  if (id != kSearchReplaceNext) window.TakeSelection();
-  if (window.Find() && id == kSearchReplaceNext) window.ReplaceSelection();
-  MoveDialogAside(window, control);
+  if (TextControl* control = Text()) {
+    FindInWindow window = In(*control, BoxOwner());
+    if (id != kSearchReplaceNext) window.TakeSelection();
+    if (window.Find() && id == kSearchReplaceNext) window.ReplaceSelection();
+    MoveDialogAside(window, *control);
+  } else if (SearchableFile* file = File()) {
+    FindInView view = In(*file, BoxOwner());
+    view.TakeSelection();
+    view.Find();
+  }
 }
 
 void FindCommands::OpenDialog(bool findOnly) {
   HWND frame = frame_.Handle();
-  In(*documents_.ActiveText(), frame).TakeSelection();
+  if (TextControl* control = Text())
+    In(*control, frame).TakeSelection();
+  else if (SearchableFile* file = File())
+    In(*file, frame).TakeSelection();
   auto* dialog = new CTwFindReplaceDialog(state_, ClientOnScreen(frame), [this] { dialog_ = nullptr; });
   if (dialog->Show(findOnly, frame))
     dialog_ = dialog;
@@ -115,10 +134,9 @@ void FindCommands::ForgetDialog() {
 }
 
 void FindCommands::ObeyDialog() {
-  TextControl* control = documents_.ActiveText();
-  if (!control || (!dialog_->IsFindOnly() && control->IsReadOnly())) return Warn();
+  if (!CanRun(!dialog_->IsFindOnly())) return Warn();
   TakeFields(*dialog_);
-  Guarded([&] { Obey(*dialog_, *control); });
+  Guarded([&] { Obey(*dialog_); });
   if (dialog_) ::SetWindowPos(dialog_->Handle(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
 }
 
@@ -134,8 +152,10 @@ void FindCommands::TakeFields(CTwFindReplaceDialog& dialog) {
 }
 
 // With an unchanged pattern Replace replaces the last match at once, if it is still what is selected.
-void FindCommands::Obey(CTwFindReplaceDialog& dialog, TextControl& control) {
-  FindInWindow window = In(control, BoxOwner(control));
+void FindCommands::Obey(CTwFindReplaceDialog& dialog) {
+  TextControl* control = Text();
+  if (!control) return In(*File(), BoxOwner()).Find();
+  FindInWindow window = In(*control, BoxOwner());
   auto find = [&] { return state_.selectionOnly ? window.FindInSelection() : window.Find(); };
   if (dialog.IsReplaceAll()) return Report(window.ReplaceAll());
   if (dialog.IsFindNext()) find();
@@ -143,7 +163,7 @@ void FindCommands::Obey(CTwFindReplaceDialog& dialog, TextControl& control) {
     bool isFound = !state_.needsCompile && window.IsAtMatch();
     if (isFound || find()) window.ReplaceSelection();
   }
-  MoveDialogAside(window, control);
+  MoveDialogAside(window, *control);
 }
 
 void FindCommands::Report(std::size_t replacements) {
@@ -170,12 +190,18 @@ FindInWindow FindCommands::In(TextControl& control, HWND boxOwner) {
   return FindInWindow(messages_, waiting_, state_, control, boxOwner);
 }
 
+FindInView FindCommands::In(SearchableFile& file, HWND boxOwner) {
+  return FindInView(frame_.Handle(), documents_, messages_, waiting_, state_, file, boxOwner);
+}
+
 void FindCommands::CloseDialog() {
   if (dialog_) dialog_->Send(WM_COMMAND, IDCANCEL);
 }
 
-HWND FindCommands::BoxOwner(const TextControl& control) const {
-  return dialog_ ? dialog_->Handle() : ::GetParent(control.Handle());
+HWND FindCommands::BoxOwner() const {
+  if (dialog_) return dialog_->Handle();
+  const CTwChild* document = documents_.ActiveDocument();
+  return document ? document->Handle() : frame_.Handle();
 }
 
 template <typename Action>
@@ -185,6 +211,8 @@ void FindCommands::Guarded(Action action) {
   } catch (const CYieldException&) {
     Warn();
     status_.ShowStatusId(kTextCancelled, kStatusSeconds);
+  } catch (const CFileException& error) {
+    messages_.ShowFileError(nullptr, error);
   } catch (const CMemoryException&) {
     messages_.ReportOutOfMemory();
   } catch (const std::bad_alloc&) {

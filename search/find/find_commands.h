@@ -1,7 +1,8 @@
 // The room of Find, Find Next, Find Previous, Replace and Replace Next, and of the dialog behind two of them.
 //
-// One find state and at most one dialog serve all windows; a command works on the text in front. The dialog
-// belongs to the frame, so its messages come to this target from there.
+// One find state and at most one dialog serve all windows; a command works on the text in front, or on the
+// file that is viewed there, in which nothing can be replaced. The dialog belongs to the frame, so its
+// messages come to this target from there.
 #pragma once
 
 #include "edit/documents/documents.h"
@@ -16,7 +17,9 @@
 
 namespace tarrow {
 
+class FindInView;
 class FindInWindow;
+class SearchableFile;
 
 class FindCommands final : public CommandTarget {
  public:
@@ -41,21 +44,27 @@ class FindCommands final : public CommandTarget {
   LRESULT OnDialogHelp(WPARAM w, LPARAM l);
   LRESULT OnNoDocument(WPARAM w, LPARAM l);
 
+  // What is in front; at most one of them is there.
+  TextControl* Text() const { return documents_.ActiveText(); }
+  SearchableFile* File() const;
+  bool CanRun(bool changes) const;
+
   void OpenDialog(bool findOnly);
-  void Search(TextControl& control, UINT id);
+  void Search(UINT id);
   void ForgetDialog();
   void ObeyDialog();
-  void Obey(CTwFindReplaceDialog& dialog, TextControl& control);
+  void Obey(CTwFindReplaceDialog& dialog);
   void TakeFields(CTwFindReplaceDialog& dialog);
   void Report(std::size_t replacements);
   void MoveDialogAside(const FindInWindow& window, const TextControl& control);
   void Warn() { messages_.Alert(MB_ICONEXCLAMATION); }
-  HWND BoxOwner(const TextControl& control) const;
+  HWND BoxOwner() const;
 
   template <typename Action>
   void Guarded(Action action);
 
   FindInWindow In(TextControl& control, HWND boxOwner);
+  FindInView In(SearchableFile& file, HWND boxOwner);
 
   CMDIFrameWnd& frame_;
   Documents& documents_;

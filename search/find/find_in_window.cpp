@@ -2,48 +2,16 @@
 
 #include "edit/control/clipboard_text.h"
 #include "framework/text_resources.h"
+#include "search/find/find_boxes.h"
 #include "search/find/find_text.h"
 #include "search/find/match_place.h"
 #include "search/find/replace_all.h"
 #include "ui/program/progress_box.h"
 #include "ui/program/string_ids.h"
 
-#include <optional>
-
 namespace tarrow {
 
 namespace {
-
-// Asks and tells with message boxes, above the progress box if that is there; the hourglass rests meanwhile.
-class Boxes final : public FindDialogue {
- public:
-  Boxes(Messages& messages, Waiting& waiting, const CProgressBox& progress, HWND owner,
-        const FindState& state)
-      : messages_(messages), waiting_(waiting), progress_(progress), owner_(owner), state_(state) {
-    wait_.emplace(waiting);
-  }
-
-  bool ConfirmRestart(int message) override {
-    bool restart = Show(MB_OKCANCEL | MB_ICONQUESTION, message) == IDOK;
-    wait_.emplace(waiting_);
-    return restart;
-  }
-  void Complain(int message) override { Show(MB_OK | MB_ICONEXCLAMATION, message); }
-
- private:
-  int Show(UINT style, int message) {
-    wait_.reset();
-    HWND owner = progress_.Exists() ? progress_.Handle() : owner_;
-    return messages_.ShowMessageBox(owner, style, message, {state_.pattern});
-  }
-
-  Messages& messages_;
-  Waiting& waiting_;
-  const CProgressBox& progress_;
-  HWND owner_;
-  const FindState& state_;
-  std::optional<WaitState> wait_;
-};
 
 Replacement MakeReplacement(const FindState& state, const TextControl& control) {
   Replacement replacement(state.replacement, control.TextCharset());
@@ -68,7 +36,7 @@ void FindInWindow::TakeSelection() {
 template <typename FindIt>
 bool FindInWindow::FindBy(FindIt findIt) {
   CProgressBox box(boxOwner_, FormatTextResource(kTextSearching, {state_.pattern}));
-  Boxes boxes(messages_, waiting_, box, boxOwner_, state_);
+  FindBoxes boxes(messages_, waiting_, box, boxOwner_, state_);
   std::optional<TextRange> found = findIt(boxes, &box);
   if (!found) return false;
   control_.Select(*found);

@@ -5,6 +5,7 @@
 #include "ui/commands/commands.h"
 #include "ui/program/private_messages.h"
 #include "ui/program/string_ids.h"
+#include "viewer/views/file_view.h"
 
 namespace tarrow {
 
@@ -83,8 +84,9 @@ void DocumentWindows::OnSelector() {
 
 void DocumentWindows::ApplySettings(bool withFont) {
   frame_.ForEachChild([&](CMDIChildWnd& child) {
-    if (auto* edit = dynamic_cast<CTwFileEdit*>(&child))
-      edit->ApplySettings(withFont ? &services_.screenFont : nullptr);
+    const LOGFONTW* font = withFont ? &services_.screenFont : nullptr;
+    if (auto* edit = dynamic_cast<CTwFileEdit*>(&child)) edit->ApplySettings(font);
+    if (auto* view = dynamic_cast<CFileView*>(&child)) view->ApplySettings(font);
     return true;
   });
 }

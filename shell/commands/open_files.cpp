@@ -7,6 +7,7 @@
 #include "framework/file.h"
 #include "framework/file_system.h"
 #include "framework/unicode.h"
+#include "shell/commands/document_forms.h"
 #include "tools/file_lists/file_dir.h"
 #include "ui/commands/commands.h"
 #include "ui/program/string_ids.h"
@@ -57,36 +58,46 @@ void OpenFiles::OnOpen() {
   DiskLookup disk;
   CFileDir list(disk);
   list.BuildFromNames(choice->paths);
-  while (const std::string* path = list.Next()) OpenFile(*path, choice->readOnly, choice->viewInHex);
+  DocumentForm form = choice->viewInHex    ? DocumentForm::kHexView
+                      : choice->viewAsText ? DocumentForm::kTextView
+                                           : DocumentForm::kEdit;
+  while (const std::string* path = list.Next()) OpenWithFlags(*path, NewFlags(choice->readOnly, form));
 }
 
 bool OpenFiles::OpenFile(std::string_view path, bool readOnly, bool hexView) {
+  return OpenWithFlags(path, NewFlags(readOnly, hexView ? DocumentForm::kHexView : DocumentForm::kEdit));
+}
+
+std::uint32_t OpenFiles::NewFlags(bool readOnly, DocumentForm form) const {
   std::uint32_t flags = NewWindowFlags(services_.settings);
   if (readOnly) flags |= kReadOnly;
-  if (hexView) flags |= kViewInHex;
-  return OpenWithFlags(path, flags);
+  return WithForm(flags, form);
 }
 
 bool OpenFiles::OpenWithFlags(std::string_view name, std::uint32_t flags) {
-  if (flags & kViewInHex) {
-    services_.messages.ShowMessageBox(nullptr, MB_ICONEXCLAMATION, kTextUnimplemented);
-    return false;
-  }
   try {
     std::string path = FullPathLower(name);
     if (CTwChild* shown = FindChildShowing(frame_, path)) {
       frame_.ActivateChild(*shown);
-      return true;
+      if (ServesFor(*shown, flags)) return true;
+      if (!LeavesRoom(*shown)) return false;
     }
     if (path.find_first_of("*?") != std::string::npos) throw CFileException(FileCause::kFileNotFound, path);
     if (!FileExists(path) && !CreateNewFile(FullPath(name), (flags & kReadOnly) != 0)) return false;
-    if (!CTwFileEdit::Open(services_, path, flags)) return false;
-    AddRecent(path);
-    return true;
+    CTwChild* opened = OpenDocument(services_, path, flags);
+    if (opened && FormOf(opened->Flags()) == DocumentForm::kEdit) AddRecent(path);
+    return opened != nullptr;
   } catch (const CFileException& error) {
     services_.messages.ShowFileError(nullptr, error);
     return false;
   }
+}
+
+// One window a file: the one that shows it in another form is closed, after its question.
+bool OpenFiles::LeavesRoom(CTwChild& shown) {
+  if (!shown.QuerySave(kTextSaveBeforeClosing)) return false;
+  ::SendMessageW(frame_.Client(), WM_MDIDESTROY, reinterpret_cast<WPARAM>(shown.Handle()), 0);
+  return true;
 }
 
 // Makes an empty file under a name that does not exist yet, if the user wants that.
@@ -149,7 +160,7 @@ void OpenFiles::FollowFile(std::string_view from, std::string_view to) {
   CTwChild* child = FindChildShowing(frame_, LowerCase(from));
   if (!child) return;
   child->FollowFile(LowerCase(to));
-  AddRecent(child->Path());
+  if (FormOf(child->Flags()) == DocumentForm::kEdit) AddRecent(child->Path());
 }
 
 CTwChild* OpenFiles::ActiveDocument() const {
@@ -165,24 +176,23 @@ CTwLog* OpenFiles::NewResultWindow(std::string_view title, PlaceFinder finder) {
   return CTwLog::New(services_, std::string(title), std::move(finder));
 }
 
-// An address calls for a view of the bytes, which no window here offers.
+// A view of the text in which the line can be shown is good enough; an address calls for a view of the bytes.
 bool OpenFiles::OpenAt(const SourcePlace& place, std::string_view directory) {
-  if (place.isAddress) {
-    services_.messages.Alert(MB_ICONEXCLAMATION);
-    return false;
-  }
   try {
     std::string path = FullPathLower(JoinPath(directory, place.name));
-    if (!FindChildShowing(frame_, path) && !FileExists(path))
-      throw CFileException(FileCause::kFileNotFound, path);
-    if (!OpenFile(path, false, false)) return false;
+    const CTwChild* shown = FindChildShowing(frame_, path);
+    if (!shown && !FileExists(path)) throw CFileException(FileCause::kFileNotFound, path);
+    bool isShownAsText = shown && FormOf(shown->Flags()) == DocumentForm::kTextView;
+    DocumentForm form = place.isAddress ? DocumentForm::kHexView
+                        : isShownAsText ? DocumentForm::kTextView
+                                        : DocumentForm::kEdit;
+    if (!OpenWithFlags(path, NewFlags(false, form))) return false;
   } catch (const CFileException& error) {
     services_.messages.ShowFileError(nullptr, error);
     return false;
   }
-  auto* edit = dynamic_cast<CTwFileEdit*>(frame_.ActiveChild());
-  if (edit) edit->ShowPlace(place.position, place.column);
-  return edit != nullptr;
+  CTwChild* document = ActiveDocument();
+  return document && GoToPlace(*document, place);
 }
 
 }  // namespace tarrow

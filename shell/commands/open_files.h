@@ -1,6 +1,7 @@
 // OpenFiles: files into windows, by command, drop, recent list, session, or at the wish of a room.
 #pragma once
 
+#include "edit/commands/child_flags.h"
 #include "edit/documents/document_services.h"
 #include "framework/command_target.h"
 #include "shell/frame/menu_bars.h"
@@ -17,7 +18,9 @@ class OpenFiles final : public CommandTarget, public Documents {
   // All of them outlive the object.
   OpenFiles(const DocumentServices& services, RecentList& recent, MenuBars& menus);
 
-  // Opens a file with the bits of a document window (child_flags.h). Returns whether a window shows it now.
+  // Opens a file with the bits of a document window (child_flags.h), which tell whether it is edited or
+  // viewed, too. A window that shows the file in another form is closed first, if the user lets it. Returns
+  // whether a window shows it now.
   bool OpenWithFlags(std::string_view path, std::uint32_t flags);
 
   // Shows the recent files in the menus.
@@ -45,6 +48,8 @@ class OpenFiles final : public CommandTarget, public Documents {
   void OnRecentFile(UINT id);
   void OnDropFiles(HANDLE drop);
 
+  std::uint32_t NewFlags(bool readOnly, DocumentForm form) const;
+  bool LeavesRoom(CTwChild& shown);
   bool CreateNewFile(const std::string& path, bool readOnly);
   void AddRecent(const std::string& path);
 

@@ -45,8 +45,8 @@ void SessionKeeper::KeepWindows() {
   std::vector<SessionEntry> entries;
   services_.frame.ForEachChild([&](CMDIChildWnd& window) {
     auto* child = dynamic_cast<CTwChild*>(&window);
-    if (child && child->Has(kTextWindow) && !child->Has(kUntitled))
-      entries.push_back({child->Path(), child->Flags() & kSessionFlags});
+    bool isListed = child && (child->Has(kTextWindow) || child->Has(kFileView)) && !child->Has(kUntitled);
+    if (isListed) entries.push_back({child->Path(), child->Flags() & kSessionFlags});
     return true;
   });
   WriteSession(state_.store, entries);

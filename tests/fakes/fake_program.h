@@ -20,6 +20,8 @@ class FakeMessages final : public Messages {
   std::vector<std::string> subjects;  // what fills the first field of each
   std::vector<UINT> alerts;
   int outOfMemory = 0;
+  bool keepsFileErrors = false;  // rather than throw them at the test
+  std::vector<FileCause> fileErrors;
 
   int ShowMessageBox(HWND, UINT, int id, std::initializer_list<FormatArg> args) override {
     boxes.push_back(id);
@@ -27,7 +29,10 @@ class FakeMessages final : public Messages {
     return answer;
   }
   void Alert(UINT sound, const CMDIChildWnd*) override { alerts.push_back(sound); }
-  void ShowFileError(HWND, const CFileException& error) override { throw error; }
+  void ShowFileError(HWND, const CFileException& error) override {
+    if (!keepsFileErrors) throw error;
+    fileErrors.push_back(error.Cause());
+  }
   void ReportOutOfMemory() override { ++outOfMemory; }
 };
 

@@ -6,6 +6,8 @@
 #include "tests/framework/scratch_directory.h"
 #include "tests/window_pump.h"
 #include "ui/commands/commands.h"
+#include "viewer/views/hex_file_view.h"
+#include "viewer/views/text_file_view.h"
 
 #include <gtest/gtest.h>
 
@@ -133,6 +135,54 @@ TEST_F(FrameTest, RestoresASessionWithTheWindowInFrontInFront) {
   EXPECT_EQ(LowerCase(one), front->Path());
   EXPECT_TRUE(front->Has(kReadOnly));
   EXPECT_TRUE(ReadSession(program.state.store).empty());
+}
+
+TEST_F(FrameTest, ShowsAFileInOneFormAtATime) {
+  std::string path = scratch.Make("one.c", "int a;\nint b;\n");
+  EXPECT_TRUE(program.files.OpenFile(path, false, true));
+  auto* hex = dynamic_cast<CHexFileView*>(frame.ActiveChild());
+  ASSERT_TRUE(hex);
+  EXPECT_TRUE(program.state.settings.recentFiles.Names().empty()) << "views are not listed";
+  EXPECT_TRUE(program.files.OpenFile(path, false, true));
+  EXPECT_EQ(hex, frame.ActiveChild());
+  EXPECT_TRUE(Open(path));
+  EXPECT_EQ(1, Children());
+  EXPECT_TRUE(program.files.OpenWithFlags(path, WithForm(0, DocumentForm::kTextView)));
+  EXPECT_TRUE(dynamic_cast<CTextFileView*>(frame.ActiveChild()));
+  EXPECT_EQ(1, Children());
+  EXPECT_EQ(1u, program.state.settings.recentFiles.Names().size());
+}
+
+TEST_F(FrameTest, AnAddressIsShownInHexAndALineWhereTheTextIs) {
+  std::string path = scratch.Make("one.c", "int a;\nint b;\nint c;\n");
+  Open(path);
+  SourcePlace place{path, 16};
+  place.isAddress = true;
+  EXPECT_TRUE(program.files.OpenAt(place, {}));
+  auto* hex = dynamic_cast<CHexFileView*>(frame.ActiveChild());
+  ASSERT_TRUE(hex);
+  EXPECT_EQ((CellPos{LineNo(1), ColumnNo(10)}), hex->State().Caret());
+  EXPECT_EQ(1, Children());
+  EXPECT_TRUE(program.files.OpenWithFlags(path, WithForm(0, DocumentForm::kTextView)));
+  EXPECT_TRUE(program.files.OpenAt({path, 3, 5}, {}));
+  auto* text = dynamic_cast<CTextFileView*>(frame.ActiveChild());
+  ASSERT_TRUE(text);
+  EXPECT_EQ((CellPos{LineNo(2), ColumnNo(4)}), text->State().Caret());
+}
+
+TEST_F(FrameTest, KeepsViewsInTheSession) {
+  std::string one = scratch.Make("one.bin", "1"), two = scratch.Make("two.log", "2");
+  std::uint32_t asText = WithForm(kVerticalScroll, DocumentForm::kTextView);
+  WriteSession(program.state.store, {{one, kVerticalScroll | kViewInHex}, {two, asText}});
+  program.session.Restore();
+  EXPECT_TRUE(dynamic_cast<CHexFileView*>(frame.ActiveChild()));
+  EXPECT_EQ(2, Children());
+  frame.Send(WM_CLOSE);
+  CProfileStore store = MakeSettingsStore({});
+  store.Load(files.written);
+  EXPECT_EQ(
+      (std::vector<SessionEntry>{{LowerCase(one), kVerticalScroll | kViewInHex}, {LowerCase(two), asText}}),
+      ReadSession(store));
 }
 
 TEST_F(FrameTest, OpensWhatIsDropped) {

@@ -166,7 +166,7 @@ void CFileView::OnTimer(UINT_PTR id) {
 void CFileView::LookAtFile() {
   if (!Rows() || !::IsWindowVisible(Handle()) || !::IsWindowEnabled(Frame().Handle())) return;
   bool mayTakeLong = std::exchange(wasEntered_, false);
-  hasChanged_ |= watch_.HasChanged();
+  hasChanged_ |= watch_.HasChanged(Path());
   if (std::exchange(hasChanged_, false)) hasChanged_ = !Reopen(mayTakeLong);
 }
 

@@ -7,6 +7,7 @@
 
 #include "edit/control/font_widths.h"
 #include "edit/documents/child.h"
+#include "edit/documents/printable.h"
 #include "edit/documents/searchable_file.h"
 #include "framework/wheel.h"
 #include "viewer/views/file_watch.h"
@@ -18,7 +19,7 @@
 
 namespace tarrow {
 
-class CFileView : public CTwChild, public SearchableFile {
+class CFileView : public CTwChild, public SearchableFile, public Printable {
  public:
   // Puts the caret at a row and a place in it, both counted from 0, and brings it into view. The place is a
   // byte of the row in the hex view, a column in the text view.
@@ -40,6 +41,10 @@ class CFileView : public CTwChild, public SearchableFile {
   FileRange SelectedBytes() override;
   void SelectBytes(const FileRange& bytes) override;
 
+  // Printable:
+  bool HasSelection() const override { return !state_.selection.Empty(); }
+  std::unique_ptr<PrintedLines> LinesToPrint(PrintedPart part) const override;
+
  protected:
   static const MessageMap kMessageMap;
   const MessageMap& GetMessageMap() const override { return kMessageMap; }
@@ -51,7 +56,7 @@ class CFileView : public CTwChild, public SearchableFile {
   bool CreateView();
 
   // The rows of the file, or null once it is closed.
-  virtual ViewRows* Rows() = 0;
+  virtual ViewRows* Rows() const = 0;
   virtual void CloseFile() = 0;
 
   // Sees the file as it is now, as far as that costs nothing; returns whether it has other rows. Throws
@@ -136,7 +141,6 @@ class CFileView : public CTwChild, public SearchableFile {
   void OnCopyAppend();
   void OnGotoCommand() { OnGoto(); }
   void OnFileStats() { ShowFileStats(); }
-  bool HasSelection() const { return !state_.selection.Empty(); }
   void PutSelection(const std::string& before);
 
   ViewState state_;

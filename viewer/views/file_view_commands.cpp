@@ -6,6 +6,7 @@
 #include "framework/text_resources.h"
 #include "ui/program/progress_box.h"
 #include "ui/program/string_ids.h"
+#include "viewer/views/printed_rows.h"
 #include "viewer/views/view_copy.h"
 
 #include <memory>
@@ -51,6 +52,12 @@ void CFileView::PutSelection(const std::string& before) {
 
 std::unique_ptr<ByteSource> CFileView::OpenBytes() const {
   return std::make_unique<CFile>(Path(), CFile::Mode::kRead, CFile::Share::kReadWrite);
+}
+
+std::unique_ptr<PrintedLines> CFileView::LinesToPrint(PrintedPart part) const {
+  std::optional<CellSelection> selection;
+  if (part == PrintedPart::kSelection) selection = state_.selection;
+  return std::make_unique<PrintedRows>([this] { return Rows(); }, selection);
 }
 
 FileRange CFileView::SelectedBytes() {

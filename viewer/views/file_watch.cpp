@@ -19,7 +19,9 @@ bool IsOnLocalDisk(const std::string& path) {
 
 }  // namespace
 
-FileWatch::FileWatch(std::string path) : path_(std::move(path)), isLocal_(IsOnLocalDisk(path_)) {
+void FileWatch::Watch(const std::string& path) {
+  path_ = path;
+  isLocal_ = IsOnLocalDisk(path_);
   Look(stamp_);
 }
 
@@ -32,7 +34,9 @@ bool FileWatch::Look(Stamp& stamp) const {
   return true;
 }
 
-bool FileWatch::HasChanged() {
+// Under another name it is the same file.
+bool FileWatch::HasChanged(const std::string& path) {
+  if (path != path_) Watch(path);
   Stamp now = stamp_;
   return Look(now) && std::exchange(stamp_, now) != now;
 }

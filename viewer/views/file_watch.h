@@ -12,10 +12,10 @@ namespace tarrow {
 class FileWatch {
  public:
   // Watches the file `path` as it is now.
-  explicit FileWatch(std::string path);
+  explicit FileWatch(const std::string& path) { Watch(path); }
 
-  // Whether the file is there and another one than at the last look.
-  bool HasChanged();
+  // Whether the file, which is called `path` now, is there and another one than at the last look.
+  bool HasChanged(const std::string& path);
 
  private:
   struct Stamp {
@@ -23,10 +23,11 @@ class FileWatch {
     friend bool operator==(const Stamp&, const Stamp&) = default;
   };
 
+  void Watch(const std::string& path);
   bool Look(Stamp& stamp) const;
 
   std::string path_;
-  bool isLocal_;
+  bool isLocal_ = false;
   Stamp stamp_;
 };
 

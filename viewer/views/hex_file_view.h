@@ -24,7 +24,7 @@ class CHexFileView final : public CFileView {
   Charset SearchCharset() const override { return Charset(SystemCodePage()); }
 
  protected:
-  ViewRows* Rows() override { return content_ ? &content_->rows : nullptr; }
+  ViewRows* Rows() const override { return content_ ? &content_->rows : nullptr; }
   void CloseFile() override { content_.reset(); }
   bool Refresh() override { return content_->file.Refresh(); }
   bool Reopen(bool mayTakeLong) override;

@@ -25,13 +25,9 @@ CTextFileView::CTextFileView(const DocumentServices& program, const std::string&
 
 TextViewOpening CTextFileView::Open(const DocumentServices& program, const std::string& path,
                                     std::uint32_t flags) {
-  auto question = [&](unsigned char control) {
-    UINT style = MB_YESNO | MB_ICONQUESTION;
-    return program.messages.ShowMessageBox(nullptr, style, kTextNonAnsi, {control, path}) == IDYES;
-  };
   std::unique_ptr<CTextFileView> opened(new CTextFileView(program, path, flags));
   try {
-    RecordFileOutcome outcome = opened->OpenFile(question);
+    RecordFileOutcome outcome = opened->OpenFile(true);
     if (outcome == RecordFileOutcome::kDeclined) return TextViewOpening::kNotShown;
     if (outcome != RecordFileOutcome::kOpened) return TextViewOpening::kTooLarge;
   } catch (const CFileException& error) {
@@ -48,12 +44,18 @@ TextViewOpening CTextFileView::Open(const DocumentServices& program, const std::
   return TextViewOpening::kShown;
 }
 
-RecordFileOutcome CTextFileView::OpenFile(const NonAnsiQuestion& question) {
+// Without questions control characters are accepted.
+RecordFileOutcome CTextFileView::OpenFile(bool asks) {
   auto file = std::make_unique<CFile>(Path(), CFile::Mode::kRead, CFile::Share::kReadWrite);
   CProgressBox box(Program().frame.Handle(), FormatTextResource(kTextLoading, {Path()}));
   box.SetWhole(static_cast<std::int64_t>(file->Size()));
   int tabWidth = Program().settings.tabSize;
   auto content = std::make_unique<Content>(tabWidth);
+  auto question = [&](unsigned char control) {
+    UINT style = MB_YESNO | MB_ICONQUESTION;
+    return !asks ||
+           Program().messages.ShowMessageBox(box.Handle(), style, kTextNonAnsi, {control, Path()}) == IDYES;
+  };
   RecordFileOutcome outcome = content->file.Open(std::move(file), question, &box);
   if (outcome != RecordFileOutcome::kOpened) return outcome;
   content->rows.emplace(content->file, tabWidth);
@@ -72,7 +74,7 @@ bool CTextFileView::Refresh() {
 bool CTextFileView::Reopen(bool mayTakeLong) {
   if (!mayTakeLong && content_->file.FileSize() > kQuickSize) return false;
   try {
-    if (OpenFile(nullptr) != RecordFileOutcome::kOpened) return true;
+    if (OpenFile(false) != RecordFileOutcome::kOpened) return true;
   } catch (const CFileException&) {
     return true;
   } catch (const CYieldException&) {

@@ -28,7 +28,7 @@ class CTextFileView final : public CFileView {
   Charset SearchCharset() const override { return content_ ? content_->rows->TextCharset() : Charset(); }
 
  protected:
-  ViewRows* Rows() override { return content_ ? &*content_->rows : nullptr; }
+  ViewRows* Rows() const override { return content_ ? &*content_->rows : nullptr; }
   void CloseFile() override { content_.reset(); }
   bool Refresh() override;
   bool Reopen(bool mayTakeLong) override;
@@ -43,7 +43,7 @@ class CTextFileView final : public CFileView {
   };
 
   CTextFileView(const DocumentServices& program, const std::string& path, std::uint32_t flags);
-  RecordFileOutcome OpenFile(const NonAnsiQuestion& question);
+  RecordFileOutcome OpenFile(bool asks);
 
   std::unique_ptr<Content> content_;
 };

@@ -18,7 +18,7 @@ class RowPainter {
   void DrawTo(int column, bool isSelected) {
     int right = std::min(XOf(column), area_.right);
     if (right <= x_) return;
-    RowPiece piece = row_.Piece({ColumnAt(x_), ColumnBehind(right)});
+    CellPiece piece = row_.Piece({ColumnAt(x_), ColumnBehind(right)});
     if (!piece.text.empty()) DrawPiece(piece, right, isSelected);
     Fill(right, isSelected);
   }
@@ -34,7 +34,7 @@ class RowPainter {
   // A column that the right edge cuts is drawn as far as it is in view.
   int ColumnBehind(int x) const { return left_ + (x - area_.left + cell_.width - 1) / cell_.width; }
 
-  void DrawPiece(const RowPiece& piece, int right, bool isSelected) {
+  void DrawPiece(const CellPiece& piece, int right, bool isSelected) {
     Fill(XOf(piece.column), isSelected);
     std::size_t unit = 0;
     int column = piece.column;
@@ -50,7 +50,7 @@ class RowPainter {
 
   // Where the run of characters that begins at `unit` ends: one of a script that is written from right to
   // left is a run by itself with the marks upon it, so that the order on the screen stays that of the text.
-  static std::size_t RunEnd(const RowPiece& piece, std::size_t unit) {
+  static std::size_t RunEnd(const CellPiece& piece, std::size_t unit) {
     bool isAlone = IsRightToLeft(piece.text[unit]);
     std::size_t end = unit + 1;
     while (end < piece.text.size() &&

@@ -93,7 +93,7 @@ ColumnSpan ViewRow::WordAt(int column) const {
   return {from, to};
 }
 
-RowPiece ViewRow::Piece(ColumnSpan span) const {
+CellPiece ViewRow::Piece(ColumnSpan span) const {
   Place from = PlaceAt(span.from), to = PlaceAt(SnapBack(span.to));
   if (to.unit <= from.unit) return {from.column, 0, {}, {}};
   std::size_t count = to.unit - from.unit;

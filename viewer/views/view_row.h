@@ -25,7 +25,7 @@ struct ColumnSpan {
 };
 
 // Characters of a row that follow one another, and where the first one stands.
-struct RowPiece {
+struct CellPiece {
   int column = 0;
   int columns = 0;
   std::u16string_view text;
@@ -54,7 +54,7 @@ class ViewRow {
   ColumnSpan WordAt(int column) const;
 
   // The characters that lie within `span` with all their cells.
-  RowPiece Piece(ColumnSpan span) const;
+  CellPiece Piece(ColumnSpan span) const;
 
  private:
   // The unit with which the first character at or behind `column` begins, and its column.

@@ -14,6 +14,7 @@ class FakeDocuments final : public Documents {
   std::vector<std::string> opened;
   std::vector<std::pair<SourcePlace, std::string>> places;  // with the directories of their windows
   TextControl* activeText = nullptr;
+  CTwChild* activeDocument = nullptr;
   bool mayContinue = true;  // what is answered to offers to save
   std::vector<std::string> offered;
   std::vector<std::pair<std::string, std::string>> followed;
@@ -27,7 +28,7 @@ class FakeDocuments final : public Documents {
     return true;
   }
   CTwLog* NewResultWindow(std::string_view, PlaceFinder) override { return nullptr; }
-  CTwChild* ActiveDocument() const override { return nullptr; }
+  CTwChild* ActiveDocument() const override { return activeDocument; }
   TextControl* ActiveText() const override { return activeText; }
   bool OfferToSave(int) override { return mayContinue; }
   bool OfferToSaveFile(std::string_view path, int) override {

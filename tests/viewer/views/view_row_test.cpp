@@ -45,7 +45,7 @@ TEST(ViewRow, AWordIsLettersOrOneOtherCharacter) {
 
 TEST(ViewRow, PiecesNeverCutACharacter) {
   ViewRow row = Row({U'a', kWide, U'e', kMark, kPair, U'z'});
-  RowPiece piece = row.Piece({2, 5});
+  CellPiece piece = row.Piece({2, 5});
   EXPECT_EQ(piece.text, u"e\u0301");
   EXPECT_EQ(piece.column, 3);
   EXPECT_EQ(piece.columns, 1);
