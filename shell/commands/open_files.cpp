@@ -171,7 +171,7 @@ bool OpenFiles::OpenAt(const SourcePlace& place, std::string_view directory) {
     return false;
   }
   try {
-    std::string path = FullPathLower(JoinPath(directory, place.name));
+    std::string path = FullPathLower(PathFrom(directory, place.name));
     if (!FindChildShowing(frame_, path) && !FileExists(path))
       throw CFileException(FileCause::kFileNotFound, path);
     if (!OpenFile(path, false, false)) return false;
