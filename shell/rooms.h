@@ -9,6 +9,7 @@
 #include "shell/commands/list_files.h"
 #include "tools/comparison/comparison_room.h"
 #include "tools/extraction/extraction_room.h"
+#include "tools/file_manager/file_manager_room.h"
 
 #include <array>
 
@@ -21,16 +22,19 @@ struct Rooms {
         globalSearch(ResultsOf(program), program.options, help, ListFiles),
         comparison(ResultsOf(program)),
         extraction(ResultsOf(program), MakeFilterPattern),
+        fileManager({program.frame, program.documents, program.messages, program.status, program.waiting}),
         print(program.frame, program.documents, program.messages, stored, program.settings) {}
 
   auto Targets() {
-    return std::to_array<CommandTarget*>({&find, &globalSearch, &comparison, &extraction, &print});
+    return std::to_array<CommandTarget*>(
+        {&find, &globalSearch, &comparison, &extraction, &fileManager, &print});
   }
 
   FindCommands find;
   GlobalSearchRoom globalSearch;
   ComparisonRoom comparison;
   ExtractionRoom extraction;
+  FileManagerRoom fileManager;
   PrintRoom print;
 
  private:

@@ -3,6 +3,7 @@
 #include "base/path_text.h"
 #include "edit/documents/listed_place.h"
 #include "edit/documents/log.h"
+#include "framework/disabled_window.h"
 #include "framework/file.h"
 #include "framework/file_system.h"
 #include "framework/text_resources.h"
@@ -16,21 +17,6 @@
 #include <utility>
 
 namespace tarrow {
-namespace {
-
-// A window that takes no input for as long as the object lives.
-class DisabledWindow {
- public:
-  explicit DisabledWindow(HWND window) : window_(window) { ::EnableWindow(window_, FALSE); }
-  ~DisabledWindow() { ::EnableWindow(window_, TRUE); }
-  DisabledWindow(const DisabledWindow&) = delete;
-  DisabledWindow& operator=(const DisabledWindow&) = delete;
-
- private:
-  HWND window_;
-};
-
-}  // namespace
 
 constinit const MessageMap GlobalSearchRoom::kMessageMap =
     MessageMap::Make<nullptr, OnCommand<kSearchGrep, &GlobalSearchRoom::OnOpen>,
