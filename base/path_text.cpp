@@ -39,6 +39,11 @@ std::string JoinPath(std::string_view directory, std::string_view name) {
   return path.append(name);
 }
 
+std::string PathFrom(std::string_view directory, std::string_view name) {
+  bool isRooted = !name.empty() && (IsSeparator(name[0]) || (name.size() > 1 && name[1] == ':'));
+  return isRooted ? std::string(name) : JoinPath(directory, name);
+}
+
 std::string ReplaceAfterLastDot(std::string_view path, std::string_view extension) {
   return std::string(path.substr(0, path.rfind('.'))).append(extension);
 }

@@ -27,6 +27,10 @@ inline constexpr std::size_t kMaxPath = 260;
 // `directory` and `name` with one separator between them; the name alone when the directory is empty.
 [[nodiscard]] std::string JoinPath(std::string_view directory, std::string_view name);
 
+// `name` as seen from `directory`: joined to it, unless it says by itself where it begins (on a drive, a
+// server, or at the root of the current drive).
+[[nodiscard]] std::string PathFrom(std::string_view directory, std::string_view name);
+
 // Everything from the last "." on replaced by `extension` (with its dot), or that added when there is none.
 // The dot is looked for in the whole path, directories included: the rule by which backups have always been
 // named.

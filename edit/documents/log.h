@@ -31,7 +31,11 @@ class CTwLog final : public CTwFileEdit {
   // throws CMemoryException, and the text stays as it was.
   TextSink& Sink() { return output_; }
 
-  // Shows what is still held back, and goes to the start unless the user has moved the caret.
+  // Shows what is held back.
+  void ShowHeld() { output_.Flush(); }
+
+  // The last has come: shows what is still held back, and goes to the start unless the user has moved the
+  // caret.
   void Finish();
 
   bool QuerySave(int) override { return true; }

@@ -190,6 +190,7 @@ std::int64_t FileSearch::Run(ByteSource& file, std::string_view shownName, std::
       std::string_view block(buffer_.data(), held);
       std::size_t taken = lines.Search(block, isLast);
       if (taken == 0 && !isLast) taken = lines.SearchPieces(block);
+      lines.Flush();  // whoever watches a long search sees what it has found
       held -= taken;
       std::memmove(buffer_.data(), buffer_.data() + taken, held);
     }

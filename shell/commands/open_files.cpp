@@ -179,7 +179,7 @@ CTwLog* OpenFiles::NewResultWindow(std::string_view title, PlaceFinder finder) {
 // A view of the text in which the line can be shown is good enough; an address calls for a view of the bytes.
 bool OpenFiles::OpenAt(const SourcePlace& place, std::string_view directory) {
   try {
-    std::string path = FullPathLower(JoinPath(directory, place.name));
+    std::string path = FullPathLower(PathFrom(directory, place.name));
     const CTwChild* shown = FindChildShowing(frame_, path);
     if (!shown && !FileExists(path)) throw CFileException(FileCause::kFileNotFound, path);
     bool isShownAsText = shown && FormOf(shown->Flags()) == DocumentForm::kTextView;

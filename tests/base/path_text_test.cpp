@@ -19,5 +19,12 @@ TEST(PathText, ShowsNamesSeenFromADirectory) {
   for (auto& row : kRows) EXPECT_EQ(NameSeenFrom(row.directory, row.path), row.shown) << row.path;
 }
 
+TEST(PathText, ANameSeenFromADirectory) {
+  EXPECT_EQ(PathFrom("c:\\src", "a.c"), "c:\\src\\a.c");
+  EXPECT_EQ(PathFrom("c:\\", "x\\a.c"), "c:\\x\\a.c");
+  for (const char* rooted : {"d:\\a.c", "d:a.c", "\\a.c", "/a.c", "\\\\server\\share\\a.c"})
+    EXPECT_EQ(PathFrom("c:\\src", rooted), rooted);
+}
+
 }  // namespace
 }  // namespace tarrow

@@ -10,11 +10,6 @@ bool EndsInSeparator(std::string_view path) {
   return path.ends_with('\\') || path.ends_with('/');
 }
 
-// Whether a path says by itself where it begins: on a drive, a server, or at the root of the current drive.
-bool IsRooted(std::string_view path) {
-  return path.starts_with('\\') || path.starts_with('/') || (path.size() > 1 && path[1] == ':');
-}
-
 // The full path of a directory part as it is written: with the separator of a root, without any other.
 std::optional<std::string> FullDirectory(FileLookup& disk, std::string_view part) {
   auto full = disk.FullPath(part.empty() ? "." : part);
@@ -26,7 +21,7 @@ std::optional<std::string> FullDirectory(FileLookup& disk, std::string_view part
 
 std::optional<TransferTarget> ReadTarget(FileLookup& disk, std::string_view text, std::string_view directory,
                                          std::size_t count) {
-  std::string path = IsRooted(text) ? std::string(text) : JoinPath(directory, text);
+  std::string path = PathFrom(directory, text);
   if (text.empty()) return {};
   std::string_view name = FileNamePart(path);
   bool isDirectory = IsDirectory(disk, WithoutTrailingSeparators(path));

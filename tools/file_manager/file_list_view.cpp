@@ -1,0 +1,176 @@
+#include "tools/file_manager/file_list_view.h"
+
+#include "framework/text_resources.h"
+#include "framework/unicode.h"
+#include "tools/file_manager/regional_text.h"
+#include "ui/program/string_ids.h"
+
+#include <algorithm>
+
+namespace tarrow {
+namespace {
+
+// Widths in hundredths of the control's.
+constexpr int kColumnWidths[kFileColumnCount] = {43, 16, 27, 10};
+
+bool IsNumber(FileColumn column) {
+  return column == FileColumn::kSize;
+}
+
+}  // namespace
+
+void FileListView::Attach(HWND control) {
+  control_ = control;
+  constexpr DWORD kStyle = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP;
+  ::SendMessageW(control_, LVM_SETEXTENDEDLISTVIEWSTYLE, kStyle, kStyle);
+  RECT client{};
+  ::GetClientRect(control_, &client);
+  int width = static_cast<int>(client.right) - ::GetSystemMetrics(SM_CXVSCROLL);
+  std::wstring heads = ToWide(LoadText(kTextManagedColumns));
+  for (int i = 0; i < kFileColumnCount; ++i) {
+    std::wstring head = heads.substr(0, heads.find(L'|'));
+    heads.erase(0, head.size() + 1);
+    LVCOLUMNW column{};
+    column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT | LVCF_SUBITEM;
+    column.fmt = IsNumber(static_cast<FileColumn>(i)) ? LVCFMT_RIGHT : LVCFMT_LEFT;
+    column.cx = width * kColumnWidths[i] / 100;
+    column.pszText = head.data();
+    column.iSubItem = i;
+    ::SendMessageW(control_, LVM_INSERTCOLUMNW, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&column));
+  }
+  ShowSortArrow();
+}
+
+void FileListView::Show(const std::vector<ListedFile>& files, std::string_view directory) {
+  Choice choice = TakeChoice();
+  table_.Assign(files, directory);
+  ::SendMessageW(control_, LVM_SETITEMCOUNT, table_.Size(), 0);
+  Restore(choice);
+}
+
+std::vector<std::size_t> FileListView::ChosenRows() const {
+  std::vector<std::size_t> rows;
+  for (LRESULT row = -1;;) {
+    row = ::SendMessageW(control_, LVM_GETNEXTITEM, static_cast<WPARAM>(row), LVNI_SELECTED);
+    if (row < 0 || static_cast<std::size_t>(row) >= table_.Size()) return rows;
+    rows.push_back(static_cast<std::size_t>(row));
+  }
+}
+
+std::vector<std::string> FileListView::ChosenPaths() const {
+  std::vector<std::string> paths;
+  for (std::size_t row : ChosenRows()) paths.push_back(table_[row].path);
+  return paths;
+}
+
+std::size_t FileListView::ChosenCount() const {
+  return static_cast<std::size_t>(::SendMessageW(control_, LVM_GETSELECTEDCOUNT, 0, 0));
+}
+
+void FileListView::ChooseAll() const {
+  SetState(static_cast<std::size_t>(-1), LVIS_SELECTED);
+}
+
+void FileListView::SetState(std::size_t row, UINT state) const {
+  LVITEMW item{};
+  item.state = state;
+  item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+  if (state == LVIS_SELECTED) item.stateMask = LVIS_SELECTED;
+  ::SendMessageW(control_, LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+}
+
+FileListView::Choice FileListView::TakeChoice() const {
+  Choice choice;
+  for (std::size_t row : ChosenRows()) choice.keys.push_back(table_[row].key);
+  LRESULT focused = ::SendMessageW(control_, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED);
+  if (focused >= 0 && static_cast<std::size_t>(focused) < table_.Size())
+    choice.focused = table_[static_cast<std::size_t>(focused)].key;
+  return choice;
+}
+
+// Finding a hundred thousand keys one by one would take its time, so the rows are gone through once.
+void FileListView::Restore(const Choice& choice) const {
+  SetState(static_cast<std::size_t>(-1), 0);
+  std::vector<std::string_view> keys(choice.keys.begin(), choice.keys.end());
+  std::ranges::sort(keys);
+  bool wereAll = !keys.empty() && keys.size() == table_.Size();
+  for (std::size_t row = 0; row < table_.Size() && !keys.empty(); ++row)
+    if (!wereAll && std::ranges::binary_search(keys, table_[row].key)) SetState(row, LVIS_SELECTED);
+  if (wereAll) ChooseAll();
+  std::size_t focused = table_.Find(choice.focused).value_or(0);
+  if (table_.Size() == 0) return;
+  LVITEMW item{};
+  item.state = item.stateMask = LVIS_FOCUSED;
+  ::SendMessageW(control_, LVM_SETITEMSTATE, focused, reinterpret_cast<LPARAM>(&item));
+  ::SendMessageW(control_, LVM_ENSUREVISIBLE, focused, FALSE);
+}
+
+std::string FileListView::CellText(std::size_t row, FileColumn column) const {
+  const FileRow& file = table_[row];
+  switch (column) {
+    case FileColumn::kName:
+      return file.name;
+    case FileColumn::kSize:
+      return CountText(file.size);
+    case FileColumn::kModified:
+      return TimeText(file.modified);
+    default:
+      return AttributeLetters(file.attributes);
+  }
+}
+
+void FileListView::FillIn(LVITEMW& item) {
+  auto row = static_cast<std::size_t>(item.iItem);
+  if (!(item.mask & LVIF_TEXT) || item.iItem < 0 || row >= table_.Size()) return;
+  cell_ = ToWide(CellText(row, static_cast<FileColumn>(item.iSubItem)));
+  item.pszText = cell_.data();
+}
+
+// The user types the beginning of a name.
+int FileListView::Find(const NMLVFINDITEMW& wanted) const {
+  if (!(wanted.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) || table_.Size() == 0) return -1;
+  auto start = static_cast<std::size_t>(std::max(wanted.iStart, 0)) % table_.Size();
+  auto row = table_.FindName(ToUtf8(wanted.lvfi.psz), start);
+  return row ? static_cast<int>(*row) : -1;
+}
+
+void FileListView::SortBy(FileColumn column) {
+  Choice choice = TakeChoice();
+  table_.SortBy(column, column == table_.SortColumn() && !table_.IsDescending());
+  ShowSortArrow();
+  Restore(choice);
+  ::InvalidateRect(control_, nullptr, FALSE);
+}
+
+void FileListView::ShowSortArrow() const {
+  auto head = reinterpret_cast<HWND>(::SendMessageW(control_, LVM_GETHEADER, 0, 0));
+  for (int i = 0; i < kFileColumnCount; ++i) {
+    HDITEMW item{};
+    item.mask = HDI_FORMAT;
+    ::SendMessageW(head, HDM_GETITEMW, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&item));
+    item.fmt &= ~(HDF_SORTUP | HDF_SORTDOWN);
+    if (static_cast<FileColumn>(i) == table_.SortColumn())
+      item.fmt |= table_.IsDescending() ? HDF_SORTDOWN : HDF_SORTUP;
+    ::SendMessageW(head, HDM_SETITEMW, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&item));
+  }
+}
+
+bool FileListView::OnNotify(const NMHDR& header, LPARAM l, LRESULT& result) {
+  if (header.hwndFrom != control_) return false;
+  result = 0;
+  switch (header.code) {
+    case LVN_GETDISPINFOW:
+      FillIn(reinterpret_cast<NMLVDISPINFOW*>(l)->item);
+      return true;
+    case LVN_ODFINDITEMW:
+      result = Find(*reinterpret_cast<const NMLVFINDITEMW*>(l));
+      return true;
+    case LVN_COLUMNCLICK:
+      SortBy(static_cast<FileColumn>(reinterpret_cast<const NMLISTVIEW*>(l)->iSubItem));
+      return true;
+    default:
+      return false;
+  }
+}
+
+}  // namespace tarrow
