@@ -50,7 +50,7 @@ LRESULT GlobalSearchRoom::OnRequest(WPARAM, LPARAM l) {
 }
 
 void GlobalSearchRoom::Search(const SearchRequest& request) {
-  CompiledPattern pattern;
+  LinePattern pattern;
   if (!Compile(request, pattern) || !CheckDirectory(request)) return;
   {
     DisabledWindow disabled(dialog_->Handle());
@@ -59,8 +59,8 @@ void GlobalSearchRoom::Search(const SearchRequest& request) {
   dialog_->ComeBack();
 }
 
-bool GlobalSearchRoom::Compile(const SearchRequest& request, CompiledPattern& pattern) {
-  PatternError error = CompileFindPattern(request.text, {request.matchCase, request.wholeWord}, pattern);
+bool GlobalSearchRoom::Compile(const SearchRequest& request, LinePattern& pattern) {
+  PatternError error = pattern.Compile(request.text, {request.matchCase, request.wholeWord});
   if (error == PatternError::kNone) return true;
   if (error == PatternError::kOutOfMemory)
     program_.messages.ReportOutOfMemory();
@@ -77,7 +77,7 @@ bool GlobalSearchRoom::CheckDirectory(const SearchRequest& request) {
   return false;
 }
 
-void GlobalSearchRoom::RunSearch(const SearchRequest& request, CompiledPattern& pattern) {
+void GlobalSearchRoom::RunSearch(const SearchRequest& request, LinePattern& pattern) {
   bool isDone = false, isFound = false;
   {
     ResultRun run(program_, FormatTextResource(kTextGrepTitle, {request.text}), ListedPlaces(),

@@ -33,9 +33,9 @@ class GlobalSearchRoom final : public CommandTarget {
   LRESULT OnRequest(WPARAM w, LPARAM l);
 
   void Search(const SearchRequest& request);
-  bool Compile(const SearchRequest& request, CompiledPattern& pattern);
+  bool Compile(const SearchRequest& request, LinePattern& pattern);
   bool CheckDirectory(const SearchRequest& request);
-  void RunSearch(const SearchRequest& request, CompiledPattern& pattern);
+  void RunSearch(const SearchRequest& request, LinePattern& pattern);
   static void SearchFiles(const std::vector<std::string>& files, FileSearch& search, ResultRun& run);
 
   const ResultServices program_;

@@ -13,10 +13,6 @@ bool HoldsLf(TextView text) {
   return FindByte(text.head, '\n') < text.head.size() || FindByte(text.tail, '\n') < text.tail.size();
 }
 
-bool IsAscii(TextView text) {
-  return FindHighByte(text.head) == text.head.size() && FindHighByte(text.tail) == text.tail.size();
-}
-
 // Compiles anew unless the pattern is compiled for `wanted` already.
 PatternError CompileFor(FindState& state, FindState::For wanted, Charset charset) {
   if (!state.needsCompile && state.compiledFor == wanted) return PatternError::kNone;

@@ -86,23 +86,6 @@ class Decoder {
       case Opcode::kWordEnd:
         Add(Step::kWordEnd, 0);
         break;
-      case Opcode::kUtf8AnyChar:
-      case Opcode::kUtf8CharSet:
-      case Opcode::kUtf8CharSetNot:
-        Add(Step::kCharacter, 0, SetOf(at));
-        break;
-      case Opcode::kUtf8FoldedExact:
-        Add(Step::kUtf8FoldedLiteral, CodeByte(code_, at + 1), 0, at + 2);
-        break;
-      case Opcode::kUtf8FoldedBackRef:
-        AddGroupStep(Step::kUtf8FoldedBackRef, at);
-        break;
-      case Opcode::kUtf8WordStart:
-        Add(Step::kUtf8WordStart, 0);
-        break;
-      case Opcode::kUtf8WordEnd:
-        Add(Step::kUtf8WordEnd, 0);
-        break;
       case Opcode::kGroupStart:
         AddGroupStep(Step::kGroupStart, at);
         break;
@@ -124,9 +107,34 @@ class Decoder {
         AddLoopEnd(Step::kLoopEnd, at, Bounded(JumpTarget(code_, at)));
         break;
       default:
-        break;
+        DecodeUtf8(at);
     }
     return OperationSize(code_, at);
+  }
+
+  // The same for the operations on whole characters.
+  void DecodeUtf8(int at) {
+    switch (OpcodeAt(code_, at)) {
+      case Opcode::kUtf8AnyChar:
+      case Opcode::kUtf8CharSet:
+      case Opcode::kUtf8CharSetNot:
+        Add(Step::kCharacter, 0, SetOf(at));
+        break;
+      case Opcode::kUtf8FoldedExact:
+        Add(Step::kUtf8FoldedLiteral, CodeByte(code_, at + 1), 0, at + 2);
+        break;
+      case Opcode::kUtf8FoldedBackRef:
+        AddGroupStep(Step::kUtf8FoldedBackRef, at);
+        break;
+      case Opcode::kUtf8WordStart:
+        Add(Step::kUtf8WordStart, 0);
+        break;
+      case Opcode::kUtf8WordEnd:
+        Add(Step::kUtf8WordEnd, 0);
+        break;
+      default:
+        break;
+    }
   }
 
   void AddExact(int at) {

@@ -1,6 +1,7 @@
 #include "base/path_text.h"
 #include "framework/file_system.h"
 #include "framework/text_resources.h"
+#include "resources/resource.h"
 #include "tools/file_manager/file_manager_dialog.h"
 #include "tools/file_manager/file_prompts.h"
 #include "tools/file_manager/name_pattern.h"
