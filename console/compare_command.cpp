@@ -14,7 +14,7 @@ int RunCompare(const Arguments& arguments, Console& console) {
     options.form = ComparisonForm::kPatch;
     options.lineEnd = "\n";
   }
-  std::unique_ptr<ByteSource> first, second;
+  std::unique_ptr<WatchedSource> first, second;
   console.GetProgress().Begin(firstName);
   console.Guard(firstName, [&] { first = console.Open(firstName); });
   console.Guard(secondName, [&] { second = console.Open(secondName); });
@@ -26,6 +26,8 @@ int RunCompare(const Arguments& arguments, Console& console) {
     } catch (const LongLineException& failure) {
       console.Complain(&failure.Source() == first.get() ? firstName : secondName, failure.what());
     }
+    console.CheckWhole(*first, firstName);
+    console.CheckWhole(*second, secondName);
   });
   return differ;
 }

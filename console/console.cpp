@@ -11,53 +11,6 @@
 namespace tarrow {
 namespace {
 
-constexpr std::size_t kReadAhead = 64 << 10;
-
-// Tells the progress how much of a file is read, and reads ahead for whoever reads in small portions.
-class WatchedSource final : public ByteSource {
- public:
-  WatchedSource(std::unique_ptr<ByteSource> source, ProgressDisplay& progress)
-      : source_(std::move(source)), progress_(progress) {
-    try {
-      progress_.AddTotal(source_->Size());
-    } catch (const CFileException&) {
-      // A pipe or a device has no size; a directory fails when it is read.
-    }
-  }
-
-  std::size_t Read(std::span<char> into) override {
-    if (ahead_.empty() && into.size() < kReadAhead) FillBuffer();
-    std::size_t n = std::min(into.size(), ahead_.size());
-    std::copy_n(ahead_.data(), n, into.data());
-    ahead_.remove_prefix(n);
-    return n < into.size() && !ended_ ? n + ReadThrough(into.subspan(n)) : n;
-  }
-  void Seek(std::uint64_t position) override {
-    source_->Seek(position);
-    ahead_ = {};
-    ended_ = false;
-  }
-  std::uint64_t Size() override { return source_->Size(); }
-
- private:
-  void FillBuffer() {
-    if (!buffer_) buffer_ = std::make_unique_for_overwrite<char[]>(kReadAhead);
-    ahead_ = {buffer_.get(), ReadThrough({buffer_.get(), kReadAhead})};
-  }
-  std::size_t ReadThrough(std::span<char> into) {
-    std::size_t n = source_->Read(into);
-    ended_ = n < into.size();
-    progress_.AddRead(n);
-    return n;
-  }
-
-  std::unique_ptr<ByteSource> source_;
-  ProgressDisplay& progress_;
-  std::unique_ptr<char[]> buffer_;
-  std::string_view ahead_;  // what of the buffer is not yet asked for
-  bool ended_ = false;
-};
-
 constexpr std::size_t kPortion = 64 << 10;
 
 std::string_view CauseText(FileCause cause) {
@@ -85,7 +38,9 @@ void Console::Output::Flush() {
   if (!text.empty()) WriteTo(Stream::kOutput, text);
 }
 
-std::unique_ptr<ByteSource> Console::Open(const std::string& name) {
+// What is written would be read again, without end.
+std::unique_ptr<WatchedSource> Console::Open(const std::string& name) {
+  if (IsAlsoOutput(name)) throw InputRefused("is also the output");
   return std::make_unique<WatchedSource>(OpenInput(name), progress_);
 }
 
@@ -96,6 +51,8 @@ void Console::Guard(const std::string& name, const std::function<void()>& use) {
     // Where nothing more can be written there is no going on.
     if (failure.Path() == kStandardOutput) throw;
     Complain(failure);
+  } catch (const InputRefused& refused) {
+    Complain(name, refused.what());
   } catch (const std::bad_alloc&) {
     Complain(name, FindText(kTextOutOfMemory));
   }
@@ -105,17 +62,29 @@ void Console::ForEachFile(const std::vector<std::string>& names,
                           const std::function<void(ByteSource&, const std::string&)>& use) {
   for (const std::string& name : ExpandNames(names)) {
     progress_.Begin(name);
-    Guard(name, [&] { use(*Open(name), name); });
+    Guard(name, [&] {
+      std::unique_ptr<WatchedSource> source = Open(name);
+      use(*source, name);
+      CheckWhole(*source, name);
+    });
   }
+}
+
+void Console::CheckWhole(const WatchedSource& source, const std::string& name) {
+  if (source.HasShrunk()) Complain(name, "has shrunk while it was read");
 }
 
 void Console::Complain(std::string_view text) {
   failed_ = true;
   // What was found before the failure stands before it where both go to the same place.
   out_.Flush();
-  progress_.Clear();
-  WriteTo(Stream::kError,
-          std::string("tarrowc ").append(command_).append(": ").append(text).append(kNewLine));
+  try {
+    progress_.Clear();
+    WriteTo(Stream::kError,
+            std::string("tarrowc ").append(command_).append(": ").append(text).append(kNewLine));
+  } catch (const CFileException&) {
+    // Not even the standard error takes anything; the exit code still tells.
+  }
 }
 
 void Console::Complain(std::string_view file, std::string_view cause) {
@@ -123,7 +92,10 @@ void Console::Complain(std::string_view file, std::string_view cause) {
 }
 
 void Console::Complain(const CFileException& failure) {
-  Complain(failure.Path(), IsDirectory(failure.Path()) ? "Is a directory" : CauseText(failure.Cause()));
+  bool isPipe = dynamic_cast<const BrokenPipe*>(&failure) != nullptr;
+  Complain(failure.Path(), isPipe                        ? "Nothing reads the pipe any more"
+                           : IsDirectory(failure.Path()) ? "Is a directory"
+                                                         : CauseText(failure.Cause()));
 }
 
 bool Console::Ask(std::string_view question) {

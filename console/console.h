@@ -8,7 +8,9 @@
 #include "base/exceptions.h"
 #include "base/text_sink.h"
 #include "console/progress_display.h"
+#include "console/watched_source.h"
 
+#include <exception>
 #include <functional>
 #include <memory>
 #include <string>
@@ -16,6 +18,16 @@
 #include <vector>
 
 namespace tarrow {
+
+// A file that is not to be read, for a reason that what() tells.
+class InputRefused : public std::exception {
+ public:
+  explicit InputRefused(const char* reason) : reason_(reason) {}
+  const char* what() const noexcept override { return reason_; }
+
+ private:
+  const char* reason_;
+};
 
 class Console {
  public:
@@ -26,12 +38,15 @@ class Console {
   void Flush() { out_.Flush(); }
   ProgressDisplay& GetProgress() { return progress_; }
 
-  // Opens a file whose reading the progress follows. Throws CFileException.
-  std::unique_ptr<ByteSource> Open(const std::string& name);
+  // Opens a file whose reading the progress follows. Throws CFileException and InputRefused.
+  std::unique_ptr<WatchedSource> Open(const std::string& name);
 
-  // Calls `use` and tells of a failure of the file `name` in it.
+  // Tells if the file `name` has shrunk while it was read.
+  void CheckWhole(const WatchedSource& source, const std::string& name);
+
+  // Calls `use` and tells of a failure of the file `name` in it, or why it was not read.
   void Guard(const std::string& name, const std::function<void()>& use);
-  // The same for each of several files, wildcards expanded, opened.
+  // The same for each of several files, wildcards expanded, opened; tells also when one has shrunk meanwhile.
   void ForEachFile(const std::vector<std::string>& names,
                    const std::function<void(ByteSource&, const std::string&)>& use);
 

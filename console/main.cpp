@@ -52,6 +52,17 @@ int RunParsed(const Command& command, std::span<const std::string> words, Consol
   return console.Failed() ? command.troubleCode : code;
 }
 
+// What was found goes out as far as anybody takes it.
+void TellOfInterrupt(Console& console) {
+  for (auto tell :
+       {+[](Console& c) { c.Flush(); }, +[](Console& c) { c.Complain(FindText(kTextCancelled)); }}) {
+    try {
+      tell(console);
+    } catch (const std::exception&) {
+    }
+  }
+}
+
 int RunCommand(const Command& command, std::span<const std::string> words) {
   Console console(command.name);
   try {
@@ -61,13 +72,23 @@ int RunCommand(const Command& command, std::span<const std::string> words) {
   } catch (const CFileException& failure) {
     console.Complain(failure);
   } catch (const CYieldException&) {
-    console.Flush();
-    console.Complain(FindText(kTextCancelled));
+    TellOfInterrupt(console);
     return kInterruptedCode;
   } catch (const std::bad_alloc&) {
     console.Complain(FindText(kTextOutOfMemory));
   }
   return command.troubleCode;
+}
+
+int PrintGeneralHelp() {
+  Console console("help");
+  try {
+    Print(Stream::kOutput, GeneralHelp());
+    return 0;
+  } catch (const CFileException& failure) {
+    console.Complain(failure);
+    return kUsageCode;
+  }
 }
 
 int Run(std::span<const std::string> words) {
@@ -76,10 +97,7 @@ int Run(std::span<const std::string> words) {
     return kUsageCode;
   }
   const std::string& name = words[0];
-  if (name == "--help" || name == "-h" || name == "help") {
-    Print(Stream::kOutput, GeneralHelp());
-    return 0;
-  }
+  if (name == "--help" || name == "-h" || name == "help") return PrintGeneralHelp();
   auto commands = Commands();
   auto command =
       std::find_if(commands.begin(), commands.end(), [&](const Command& c) { return c.name == name; });
@@ -92,6 +110,7 @@ int Run(std::span<const std::string> words) {
 }  // namespace tarrow
 
 int main(int argc, char** argv) {
+  tarrow::KeepStandardStreamsApart();
   try {
     return tarrow::Run(tarrow::ProgramArguments(argc, argv));
   } catch (const std::exception&) {

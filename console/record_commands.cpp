@@ -17,6 +17,28 @@ namespace {
 constexpr std::uint64_t kMostRecords = std::numeric_limits<std::int32_t>::max();
 constexpr std::size_t kTextRowSize = 256;
 
+// A text of its own.
+class HeldSource final : public ByteSource {
+ public:
+  explicit HeldSource(std::string bytes) : bytes_(std::move(bytes)), source_(bytes_) {}
+
+  std::size_t Read(std::span<char> into) override { return source_.Read(into); }
+  void Seek(std::uint64_t position) override { source_.Seek(position); }
+  std::uint64_t Size() override { return source_.Size(); }
+
+ private:
+  std::string bytes_;
+  StringSource source_;
+};
+
+// A file of the system's own may have text though its size is 0: the text is made while it is read.
+std::unique_ptr<ByteSource> ReadWhole(ByteSource& source) {
+  std::string bytes;
+  char portion[4096];
+  while (std::size_t n = source.Read(portion)) bytes.append(portion, n);
+  return std::make_unique<HeldSource>(std::move(bytes));
+}
+
 // One file being listed: what both commands do around their records.
 class Listing {
  public:
@@ -31,6 +53,7 @@ class Listing {
 
   std::unique_ptr<ByteSource> Open() {
     std::unique_ptr<ByteSource> source = console_.Open(name_);
+    if (source->Size() == 0) source = ReadWhole(*source);
     source_ = source.get();
     return source;
   }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/byte_source.h"
+#include "base/exceptions.h"
 
 #include <memory>
 #include <string>
@@ -17,7 +18,17 @@ extern const std::string_view kNewLine;
 // What a CFileException of WriteTo names as its file.
 inline constexpr std::string_view kStandardOutput = "standard output";
 
+// Nothing reads any more what is written.
+class BrokenPipe final : public CFileException {
+ public:
+  BrokenPipe() : CFileException(FileCause::kGeneric, std::string(kStandardOutput)) {}
+};
+
 enum class Stream { kInput, kOutput, kError };
+
+// Sees to it that a file which is opened later does not take the place of a standard stream that is closed:
+// reading from it and writing to it keeps failing. To be called first.
+void KeepStandardStreamsApart();
 
 // The arguments behind the program's name.
 std::vector<std::string> ProgramArguments(int argc, char** argv);
@@ -28,7 +39,11 @@ std::vector<std::string> ExpandNames(const std::vector<std::string>& names);
 // Opens a file for reading, "-" being the standard input. Throws CFileException.
 std::unique_ptr<ByteSource> OpenInput(const std::string& name);
 
-// Writes all of `bytes`. Throws CFileException, and CYieldException when interrupted.
+// Whether the file `name`, opened for reading, is the one that the standard output goes to.
+bool IsAlsoOutput(const std::string& name);
+
+// Writes all of `bytes`. Throws CFileException, and CYieldException when interrupted: then also before
+// anything that would have to wait.
 void WriteTo(Stream stream, std::string_view bytes);
 
 bool IsTerminal(Stream stream);

@@ -2,9 +2,12 @@
 #include "console/system.h"
 
 #include <fcntl.h>
+#include <limits.h>
+#include <poll.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <filesystem>
@@ -14,8 +17,14 @@ namespace {
 
 volatile std::sig_atomic_t interrupted = 0;
 
+// A signal that comes just before a call which waits would go by unheard: the alarm breaks that call off.
 void NoteInterrupt(int) {
   interrupted = 1;
+  alarm(1);
+}
+
+void BreakOffAgain(int) {
+  alarm(1);
 }
 
 // Retries what a signal broke off, unless the signal was the user's.
@@ -63,6 +72,24 @@ class PosixFile final : public ByteSource {
   std::string name_;
 };
 
+// A file that nobody writes to yet, a FIFO, is waited for.
+int OpenToRead(const std::string& name) {
+  for (;;) {
+    int descriptor = open(name.c_str(), O_RDONLY | O_CLOEXEC);
+    if (descriptor >= 0 || errno != EINTR) return descriptor;
+    EndIfInterrupted();
+  }
+}
+
+// What can be written at once: all, or once interrupted as much as a pipe with room certainly takes, if it
+// has room.
+std::size_t PortionOf(int descriptor, std::size_t size) {
+  if (!interrupted) return size;
+  pollfd ready{descriptor, POLLOUT, 0};
+  if (poll(&ready, 1, 0) <= 0) throw CYieldException();
+  return std::min<std::size_t>(size, PIPE_BUF);
+}
+
 int DescriptorOf(Stream stream) {
   return stream == Stream::kInput ? STDIN_FILENO : stream == Stream::kOutput ? STDOUT_FILENO : STDERR_FILENO;
 }
@@ -70,6 +97,14 @@ int DescriptorOf(Stream stream) {
 }  // namespace
 
 const std::string_view kNewLine = "\n";
+
+// Descriptors are given out from 0 on: what is opened the wrong way round stands in for a closed one.
+void KeepStandardStreamsApart() {
+  for (int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    bool isClosed = fcntl(descriptor, F_GETFD) < 0 && errno == EBADF;
+    if (isClosed) (void)open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+  }
+}
 
 std::vector<std::string> ProgramArguments(int argc, char** argv) {
   return {argv + (argc > 0), argv + argc};
@@ -81,15 +116,23 @@ std::vector<std::string> ExpandNames(const std::vector<std::string>& names) {
 
 std::unique_ptr<ByteSource> OpenInput(const std::string& name) {
   if (name == "-") return std::make_unique<PosixFile>(STDIN_FILENO, "standard input");
-  return std::make_unique<PosixFile>(open(name.c_str(), O_RDONLY | O_CLOEXEC), name);
+  return std::make_unique<PosixFile>(OpenToRead(name), name);
+}
+
+bool IsAlsoOutput(const std::string& name) {
+  struct stat in, out;
+  bool isKnown = (name == "-" ? fstat(STDIN_FILENO, &in) : stat(name.c_str(), &in)) == 0 &&
+                 fstat(STDOUT_FILENO, &out) == 0;
+  return isKnown && S_ISREG(out.st_mode) && in.st_dev == out.st_dev && in.st_ino == out.st_ino;
 }
 
 void WriteTo(Stream stream, std::string_view bytes) {
+  int descriptor = DescriptorOf(stream);
   while (!bytes.empty()) {
-    ssize_t n = write(DescriptorOf(stream), bytes.data(), bytes.size());
+    ssize_t n = write(descriptor, bytes.data(), PortionOf(descriptor, bytes.size()));
+    if (n < 0 && errno == EPIPE) throw BrokenPipe();
     if (n < 0 && errno != EINTR)
       throw CFileException(FileCauseFromErrno(errno), std::string(kStandardOutput));
-    if (n < 0) EndIfInterrupted();
     bytes.remove_prefix(n > 0 ? static_cast<std::size_t>(n) : 0);
   }
 }
@@ -122,6 +165,9 @@ void CatchInterrupts() {
   action.sa_flags = static_cast<int>(SA_RESETHAND);
   sigemptyset(&action.sa_mask);
   sigaction(SIGINT, &action, nullptr);
+  action.sa_handler = BreakOffAgain;
+  action.sa_flags = 0;
+  sigaction(SIGALRM, &action, nullptr);
 }
 
 bool Interrupted() {

@@ -11,6 +11,8 @@
 
 #include <algorithm>
 #include <atomic>
+#include <optional>
+#include <tuple>
 
 namespace tarrow {
 namespace {
@@ -30,6 +32,16 @@ HANDLE HandleOf(Stream stream) {
 
 void EndIfInterrupted() {
   if (interrupted) throw CYieldException();
+}
+
+// What tells a file on a disk from all others; nothing for what is no such file.
+using FileIdentity = std::optional<std::tuple<DWORD, DWORD, DWORD>>;
+
+FileIdentity IdentityOf(HANDLE file) {
+  BY_HANDLE_FILE_INFORMATION info{};
+  bool isKnown = GetFileType(file) == FILE_TYPE_DISK && GetFileInformationByHandle(file, &info);
+  if (!isKnown) return std::nullopt;
+  return std::tuple(info.dwVolumeSerialNumber, info.nFileIndexHigh, info.nFileIndexLow);
 }
 
 class StandardInput final : public ByteSource {
@@ -95,6 +107,9 @@ void AppendMatches(const std::string& pattern, std::vector<std::string>& names) 
 
 const std::string_view kNewLine = "\r\n";
 
+// A handle is no small number that another file could get.
+void KeepStandardStreamsApart() {}
+
 std::vector<std::string> ProgramArguments(int, char**) {
   int count = 0;
   LPWSTR* words = CommandLineToArgvW(GetCommandLineW(), &count);
@@ -120,11 +135,25 @@ std::unique_ptr<ByteSource> OpenInput(const std::string& name) {
   return std::make_unique<NamedFile>(name);
 }
 
+bool IsAlsoOutput(const std::string& name) {
+  FileIdentity out = IdentityOf(HandleOf(Stream::kOutput));
+  if (!out) return false;
+  if (name == "-") return IdentityOf(HandleOf(Stream::kInput)) == out;
+  HANDLE file = CreateFileW(ToWide(name).c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                            nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return false;
+  FileIdentity in = IdentityOf(file);
+  CloseHandle(file);
+  return in == out;
+}
+
 void WriteTo(Stream stream, std::string_view bytes) {
   while (!bytes.empty()) {
     DWORD n = 0, size = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), 1 << 20));
-    if (!WriteFile(HandleOf(stream), bytes.data(), size, &n, nullptr))
-      throw CFileException(FileCauseFromWindows(GetLastError()), std::string(kStandardOutput));
+    bool written = WriteFile(HandleOf(stream), bytes.data(), size, &n, nullptr);
+    DWORD error = written ? ERROR_SUCCESS : GetLastError();
+    if (error == ERROR_BROKEN_PIPE || error == ERROR_NO_DATA) throw BrokenPipe();
+    if (!written) throw CFileException(FileCauseFromWindows(error), std::string(kStandardOutput));
     if (n == 0) throw CFileException(FileCause::kDiskFull, std::string(kStandardOutput));
     bytes.remove_prefix(n);
   }

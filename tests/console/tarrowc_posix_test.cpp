@@ -7,9 +7,11 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <fstream>
 #include <functional>
 #include <random>
 
@@ -119,6 +121,139 @@ TEST(TarrowcOnPosix, TellsWhenAFileShrinksWhileItIsListed) {
     EXPECT_EQ(RunDisturbed({command, name.c_str()}, shrink, err), 1);
     EXPECT_EQ(err, std::string("tarrowc ") + command + ": " + name + ": has shrunk while it was read\n");
     std::filesystem::resize_file(name, 3'000'000);
+  }
+}
+
+// Runs a line of shell in which $T is tarrowc.
+ProgramResult RunShell(const TestDirectory& directory, const std::string& line) {
+  std::vector<std::string> command{"/bin/sh", "-c", "T='" TARROWC_PROGRAM "'; " + line};
+  ProgramResult result;
+  result.exitCode =
+      RunProcess(command, directory.Path(""), kNothing, directory.Path("out"), directory.Path("err"));
+  result.out = directory.Read("out");
+  result.err = directory.Read("err");
+  return result;
+}
+
+TEST(TarrowcOnPosix, TellsThatAStandardStreamIsClosed) {
+  TestDirectory directory;
+  directory.Write("f", "one\n");
+  ProgramResult search = RunShell(directory, "exec $T search one - <&-");
+  EXPECT_EQ(search.exitCode, 2);
+  EXPECT_EQ(search.err, "tarrowc search: standard input: Attempt to use an invalid file handle\n");
+  ProgramResult compare = RunShell(directory, "exec $T compare f - <&-");
+  EXPECT_EQ(compare.exitCode, 2);
+  EXPECT_EQ(compare.out, "");
+  EXPECT_EQ(RunShell(directory, "exec $T search one f >&-").exitCode, 2);
+  EXPECT_EQ(directory.Read("f"), "one\n");
+  for (const char* command : {"strings", "lines", "hex"})
+    EXPECT_EQ(RunShell(directory, std::string("exec $T ") + command + " absent 2>&-").exitCode, 1) << command;
+}
+
+TEST(TarrowcOnPosix, TellsWhenItsHelpGoesNowhere) {
+  TestDirectory directory;
+  for (const char* words : {"--help", "search --help"}) {
+    ProgramResult result = RunShell(directory, std::string("exec $T ") + words + " >/dev/full");
+    EXPECT_EQ(result.exitCode, 2) << words;
+    EXPECT_TRUE(result.err.ends_with("standard output: The disk is full\n")) << result.err;
+  }
+}
+
+TEST(TarrowcOnPosix, TellsThatNothingReadsItsPipe) {
+  TestDirectory directory;
+  directory.Write("f", "one\n");
+  ProgramResult result = RunShell(
+      directory, "mkfifo pipe; exec 3<>pipe; exec 4>pipe 3<&-; trap '' PIPE; exec $T search one f >&4");
+  EXPECT_EQ(result.exitCode, 2);
+  EXPECT_EQ(result.err, "tarrowc search: standard output: Nothing reads the pipe any more\n");
+}
+
+TEST(TarrowcOnPosix, RefusesItsOutputAsInput) {
+  TestDirectory directory;
+  for (const char* line : {"exec $T search e f >>f", "exec $T search e - <f >>f", "exec $T strings f >>f",
+                           "exec $T compare f g >>f", "exec $T hex f >>f"}) {
+    directory.Write("f", "some text\n");
+    directory.Write("g", "");
+    ProgramResult result = RunShell(directory, line);
+    EXPECT_NE(result.exitCode, 0) << line;
+    EXPECT_NE(result.err.find("is also the output\n"), std::string::npos) << line << ": " << result.err;
+    EXPECT_EQ(directory.Read("f"), "some text\n") << line;
+  }
+  EXPECT_EQ(RunShell(directory, "exec $T search e f g >/dev/null").exitCode, 0);
+}
+
+TEST(TarrowcOnPosix, ListsAFileThatTheSystemMakesWhileItIsRead) {
+  TestDirectory directory;
+  ProgramResult hex = RunShell(directory, "exec $T hex -n 1 /proc/version"),
+                lines = RunShell(directory, "exec $T lines /proc/version");
+  EXPECT_NE(hex.out.find("Linux version"), std::string::npos) << hex.out << hex.err;
+  EXPECT_TRUE(lines.out.starts_with("Linux version")) << lines.out << lines.err;
+}
+
+// A child that runs tarrowc with the given output; what goes wrong in it shows as its exit code.
+pid_t StartWithOutput(std::vector<const char*> words, int out) {
+  words.insert(words.begin(), TARROWC_PROGRAM);
+  words.push_back(nullptr);
+  pid_t child = fork();
+  if (child != 0) return child;
+  dup2(out, 1);
+  dup2(open("/dev/null", O_WRONLY), 2);
+  execv(words[0], const_cast<char* const*>(words.data()));
+  _exit(126);
+}
+
+// Waits until the child has its handler of interrupts and sleeps in a system call.
+bool IsWaiting(pid_t child) {
+  std::ifstream status("/proc/" + std::to_string(child) + "/status");
+  bool sleeps = false, catches = false;
+  for (std::string line; std::getline(status, line);) {
+    if (line.starts_with("State:")) sleeps = line.find('S', 6) != std::string::npos;
+    if (line.starts_with("SigCgt:")) catches = (std::stoull(line.substr(7), nullptr, 16) >> (SIGINT - 1)) & 1;
+  }
+  return sleeps && catches;
+}
+
+int InterruptWhenWaiting(pid_t child) {
+  for (int i = 0; i < 1000 && !IsWaiting(child); ++i) poll(nullptr, 0, 10);
+  EXPECT_TRUE(IsWaiting(child));
+  kill(child, SIGINT);
+  return WaitFor(child);
+}
+
+TEST(TarrowcOnPosix, EndsWhenInterruptedWhileItsOutputIsFull) {
+  int out[2];
+  ASSERT_EQ(pipe(out), 0);
+  EXPECT_EQ(InterruptWhenWaiting(StartWithOutput({"strings", "-e", "[^x]", "/dev/zero"}, out[1])), 130);
+  close(out[0]);
+  close(out[1]);
+}
+
+TEST(TarrowcOnPosix, EndsWhenInterruptedWhileItWaitsForAFifo) {
+  TestDirectory directory;
+  std::string fifo = directory.Path("fifo").string();
+  ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+  EXPECT_EQ(InterruptWhenWaiting(StartWithOutput({"search", "x", fifo.c_str()}, 1)), 130);
+}
+
+// The file loses its end while the output is full, so that the rest of it is not yet read.
+TEST(TarrowcOnPosix, TellsWhenAFileShrinksWhileItIsSearched) {
+  TestDirectory directory;
+  std::string text, changed;
+  for (int line = 0; text.size() < 6'000'000; ++line) {
+    text += "xxxx " + std::to_string(line) + "\n";
+    changed += (line % 3 ? "xxxx " : "yyyy ") + std::to_string(line) + "\n";
+  }
+  directory.Write("other", changed);
+  std::string name = directory.Path("f").string(), other = directory.Path("other").string();
+  for (const std::vector<const char*>& words :
+       std::vector<std::vector<const char*>>{{"search", "x", name.c_str()},
+                                             {"strings", name.c_str()},
+                                             {"compare", name.c_str(), other.c_str()}}) {
+    directory.Write("f", text);
+    std::string err;
+    auto shrink = [&](pid_t) { std::filesystem::resize_file(name, 4'000'000); };
+    EXPECT_EQ(RunDisturbed(words, shrink, err), words[0] == std::string("strings") ? 1 : 2);
+    EXPECT_EQ(err, std::string("tarrowc ") + words[0] + ": " + name + ": has shrunk while it was read\n");
   }
 }
 
