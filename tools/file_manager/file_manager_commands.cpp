@@ -1,6 +1,7 @@
 #include "base/path_text.h"
 #include "framework/file_system.h"
 #include "framework/text_resources.h"
+#include "resources/resource.h"
 #include "tools/file_manager/file_manager_dialog.h"
 #include "tools/file_manager/file_prompts.h"
 #include "tools/file_manager/name_pattern.h"
@@ -147,7 +148,8 @@ void CFileManagerDialog::OnTouch() {
   if (paths.empty() || !OfferToSave(paths)) return;
   CTouchDialog dialog(SubjectOf(paths), list_.Table()[rows[0]].modified);
   if (dialog.DoModal(Handle()) != IDOK) return;
-  Do(kTextTouchingFiles, paths.size(), [&](FileOperations& files) { return files.Touch(paths, dialog.Time()); });
+  Do(kTextTouchingFiles, paths.size(),
+     [&](FileOperations& files) { return files.Touch(paths, dialog.Time()); });
 }
 
 void CFileManagerDialog::OnAttributes() {
