@@ -148,7 +148,8 @@ void CFileManagerDialog::OnTouch() {
   if (paths.empty() || !OfferToSave(paths)) return;
   CTouchDialog dialog(SubjectOf(paths), list_.Table()[rows[0]].modified);
   if (dialog.DoModal(Handle()) != IDOK) return;
-  Do(kTextTouchingFiles, paths.size(), [&](FileOperations& files) { return files.Touch(paths, dialog.Time()); });
+  Do(kTextTouchingFiles, paths.size(),
+     [&](FileOperations& files) { return files.Touch(paths, dialog.Time()); });
 }
 
 void CFileManagerDialog::OnAttributes() {
