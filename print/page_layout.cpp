@@ -118,7 +118,7 @@ void PageLayout::DrawHeader(const std::string& pattern, int y) {
 }
 
 void PageLayout::DrawRow(RowBreaker& row, int left, int y) {
-  for (const RowPiece& piece : row.Pieces()) surface_.Draw(left + piece.x, y, piece.text, piece.advances);
+  for (const PrintedPiece& piece : row.Pieces()) surface_.Draw(left + piece.x, y, piece.text, piece.advances);
 }
 
 }  // namespace tarrow

@@ -123,7 +123,7 @@ bool RowBreaker::TakeTab() {
   return false;
 }
 
-std::span<const RowPiece> RowBreaker::Pieces() {
+std::span<const PrintedPiece> RowBreaker::Pieces() {
   pieces_.clear();
   for (std::size_t i = 0; i < marks_.size(); ++i) {
     std::size_t from = marks_[i].from, to = i + 1 < marks_.size() ? marks_[i + 1].from : units_.size();

@@ -18,7 +18,7 @@
 namespace tarrow {
 
 // A stretch of a row that is drawn in one call.
-struct RowPiece {
+struct PrintedPiece {
   int x = 0;  // from the left edge of the row
   std::u16string_view text;
   std::span<const int> advances;
@@ -41,7 +41,7 @@ class RowBreaker {
   // is. Valid until the next one.
   bool StartsPage() const { return startsPage_; }
   bool IsBlank() const { return isBlank_; }
-  std::span<const RowPiece> Pieces();
+  std::span<const PrintedPiece> Pieces();
   int Width() const { return width_; }
 
   // How much work the row was, in bytes or characters.
@@ -82,7 +82,7 @@ class RowBreaker {
   std::u16string units_;
   std::vector<int> advances_;
   std::vector<Mark> marks_;
-  std::vector<RowPiece> pieces_;
+  std::vector<PrintedPiece> pieces_;
 };
 
 }  // namespace tarrow

@@ -24,7 +24,7 @@ std::vector<std::string> Rows(const std::vector<std::string>& lines, int columns
     breaker.BeginLine({whole.substr(0, whole.size() / 2), whole.substr(whole.size() / 2)}, utf8);
     while (breaker.NextRow()) {
       std::u16string row;
-      for (const RowPiece& piece : breaker.Pieces()) {
+      for (const PrintedPiece& piece : breaker.Pieces()) {
         EXPECT_EQ(piece.text.size(), piece.advances.size());
         row.resize(std::max(row.size(), static_cast<std::size_t>(piece.x / kCell)), u' ');
         row += piece.text;
@@ -104,7 +104,7 @@ TEST(RowBreaker, CharactersFromRightToLeftAreDrawnOneByOne) {
   ASSERT_TRUE(breaker.NextRow());
   std::vector<std::u16string> texts;
   std::vector<int> places;
-  for (const RowPiece& piece : breaker.Pieces()) {
+  for (const PrintedPiece& piece : breaker.Pieces()) {
     texts.emplace_back(piece.text);
     places.push_back(piece.x / kCell);
   }

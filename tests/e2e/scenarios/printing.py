@@ -4,7 +4,7 @@ import datetime
 
 import printer
 from driver import BM_CLICK
-from tarrow import Scenario
+from tarrow import Scenario, shown_path
 from workshop import windows_path
 
 # The printer's font: ten points at 600 dots an inch. In millimetres: the width and height of its cell, and
@@ -185,7 +185,9 @@ class Pages(Printing):
         self.assertEqual(texts(page)[1], "Gr\u00fc\u00dfe")
 
 
-class PrintCommand(Printing):
+class Command(Printing):
+    """Printing by the command and its dialog."""
+
     def print_with(self, program, change=lambda dialog: None):
         program.command("File:Print")
         dialog = program.dialog("Print range")
@@ -195,6 +197,8 @@ class PrintCommand(Printing):
     def choose(self, dialog, control):
         self.stage.probe.ask("send", dialog.find("Button", identifier=control).handle, BM_CLICK, 0, 0)
 
+
+class PrintCommand(Command):
     def test_the_whole_document_in_front(self):
         program, _ = self.open("a.txt", b"old\r\n")
         self.stage.type("new ")
@@ -266,6 +270,29 @@ class PrintCommand(Printing):
         program.command("File:PrintSetup")
         dialog = program.dialog("Print Setup")
         program.press(dialog, "Cancel")
+
+
+class Views(Command):
+    """Files in the viewer print their rows as they are shown."""
+
+    READ_ONLY, HEX = 1, 2
+
+    def open_view(self, content, flags):
+        path = self.write("a.bin", content)
+        self.write_settings({"Session": {"EditCount": "1", "Edit01": f"{windows_path(path)},{flags}"}})
+        program = self.start()
+        program.wait_titles([shown_path(path)])
+        return program
+
+    def test_the_rows_of_the_hex_view(self):
+        program = self.open_view(bytes(range(0x40, 0x61)), self.READ_ONLY | self.HEX)
+        self.print_with(program)
+        job = self.job()
+        self.assertEqual(printer.title(job), "a.bin")
+        self.assertEqual(texts(printer.pages(job)[0])[1:-2],
+                         ["0:", "40414243", "44454647", "48494A4B", "4C4D4E4F", "@ABCDEFGHIJKLMNO",
+                          "10:", "50515253", "54555657", "58595A5B", "5C5D5E5F", "PQRSTUVWXYZ[\\]^_",
+                          "20:", "60", "`"])
 
 
 class PageSetup(Printing):
