@@ -18,9 +18,12 @@ class SearchableFile {
   // What patterns are put into.
   virtual Charset SearchCharset() const = 0;
 
-  // The bytes that are selected, empty at the caret; and selects bytes and shows them.
+  // The bytes that are selected, empty at the caret; and selects those of a match and shows them.
   virtual FileRange SelectedBytes() = 0;
-  virtual void SelectBytes(const FileRange& bytes) = 0;
+  virtual void SelectMatch(const FileRange& bytes) = 0;
+
+  // Whether the selection still is that of the last match, and not one of the user.
+  virtual bool IsAtMatch() const = 0;
 
  protected:
   ~SearchableFile() = default;

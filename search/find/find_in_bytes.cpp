@@ -5,6 +5,9 @@
 namespace tarrow {
 namespace {
 
+// What a file holds is not known before it has been read, so it is taken to go beyond ASCII.
+constexpr std::string_view kBeyondAscii = "\xC2\xA0";
+
 // Where a pass begins; nothing when there is no place to try.
 using Start = std::optional<std::uint64_t>;
 
@@ -34,7 +37,7 @@ std::uint64_t OffAnchors(std::uint64_t at, const CompiledPattern& pattern, FileF
 
 std::optional<FileRange> FindInBytes(FindState& state, ByteSource& file, FileRange selection, Charset charset,
                                      FindDialogue& user, Progress* progress) {
-  if (int message = CompileIfNeeded(state, charset)) {
+  if (int message = CompileIfNeeded(state, charset, TextView(kBeyondAscii))) {
     user.Complain(message);
     return std::nullopt;
   }

@@ -25,6 +25,7 @@ bool IsText(std::string_view bytes) {
 }  // namespace
 
 void FindInView::TakeSelection() {
+  if (file_.IsAtMatch()) return;
   FileRange selected = file_.SelectedBytes();
   if (selected.Empty() || selected.end - selected.start > kLongestPattern) return;
   std::string bytes(static_cast<std::size_t>(selected.end - selected.start), '\0');
@@ -41,7 +42,7 @@ void FindInView::Find() {
   box.SetWhole(static_cast<std::int64_t>(source->Size()));
   FindBoxes boxes(messages_, waiting_, box, boxOwner_, state_);
   auto found = FindInBytes(state_, *source, file_.SelectedBytes(), file_.SearchCharset(), boxes, &box);
-  if (found && IsStillThere()) file_.SelectBytes(*found);
+  if (found && IsStillThere()) file_.SelectMatch(*found);
 }
 
 bool FindInView::IsStillThere() const {

@@ -25,7 +25,8 @@ class FindInView {
         file_(file),
         boxOwner_(boxOwner) {}
 
-  // Takes the selection as the pattern when it is a short piece of a line of text.
+  // Takes the selection as the pattern when it is a short piece of a line of text, unless it is the last
+  // match itself.
   void TakeSelection();
 
   // Selects the next match in the direction of the find state, from the selection on; tells the user when

@@ -52,16 +52,12 @@ bool TakeSelectionAsPattern(FindState& state, TextView text, TextRange selection
   return true;
 }
 
-int CompileIfNeeded(FindState& state, Charset charset) {
-  return MessageOf(
-      CompileFor(state, charset.IsUtf8() ? FindState::For::kBytes : FindState::For::kCodePage, charset));
-}
-
 // Whether the pattern of bytes will do is known when it has been compiled once.
 int CompileIfNeeded(FindState& state, Charset charset, TextView text) {
   bool isForUtf8 = !state.needsCompile && state.compiledFor == FindState::For::kUtf8;
+  auto plain = charset.IsUtf8() ? FindState::For::kBytes : FindState::For::kCodePage;
   if (!charset.IsUtf8() || !isForUtf8)
-    if (int message = CompileIfNeeded(state, charset)) return message;
+    if (int message = MessageOf(CompileFor(state, plain, charset))) return message;
   if (!charset.IsUtf8() || !state.needsUtf8) return 0;
   return MessageOf(
       CompileFor(state, IsAscii(text) ? FindState::For::kBytes : FindState::For::kUtf8, charset));

@@ -54,8 +54,4 @@ bool TakeSelectionAsPattern(FindState& state, TextView text, TextRange selection
 // message that says why it does not compile, or 0.
 [[nodiscard]] int CompileIfNeeded(FindState& state, Charset charset, TextView text);
 
-// The same for bytes in `charset` that are not known: characters beyond ASCII have neither case nor word in
-// UTF-8 then.
-[[nodiscard]] int CompileIfNeeded(FindState& state, Charset charset);
-
 }  // namespace tarrow

@@ -39,7 +39,8 @@ class CFileView : public CTwChild, public SearchableFile, public Printable {
   // SearchableFile:
   std::unique_ptr<ByteSource> OpenBytes() const override;
   FileRange SelectedBytes() override;
-  void SelectBytes(const FileRange& bytes) override;
+  void SelectMatch(const FileRange& bytes) override;
+  bool IsAtMatch() const override { return found_ && found_->selection == state_.selection; }
 
   // Printable:
   bool HasSelection() const override { return !state_.selection.Empty(); }

@@ -61,13 +61,13 @@ std::unique_ptr<PrintedLines> CFileView::LinesToPrint(PrintedPart part) const {
 }
 
 FileRange CFileView::SelectedBytes() {
-  if (found_ && found_->selection == state_.selection) return found_->bytes;
+  if (IsAtMatch()) return found_->bytes;
   FileRange bytes;
   Reading([&] { bytes = Rows()->BytesOf(state_.selection); });
   return bytes;
 }
 
-void CFileView::SelectBytes(const FileRange& bytes) {
+void CFileView::SelectMatch(const FileRange& bytes) {
   Change([&](const ViewState& state, ViewPage page, ViewRows& rows) {
     return ShowingSelection(state, rows.CellsOf(bytes), page, rows);
   });

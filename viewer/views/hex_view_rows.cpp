@@ -3,6 +3,7 @@
 #include "edit/text/charset.h"
 
 #include <algorithm>
+#include <array>
 
 namespace tarrow {
 namespace {
@@ -59,6 +60,17 @@ ColumnSpan TextOf(ColumnSpan bytes) {
   return {kTextColumn + bytes.from, kTextColumn + bytes.to};
 }
 
+// What stands for each byte in the system's code page, where the first byte of a pair is no character.
+const std::array<char16_t, 256>& CharacterTable() {
+  static const std::array<char16_t, 256> table = [] {
+    std::array<char16_t, 256> made = SystemCodePage().single;
+    for (char16_t& code : made)
+      if (code == 0) code = u'.';
+    return made;
+  }();
+  return table;
+}
+
 // Whether whole rows are selected, and this is one of them.
 bool IsWholeRow(LineNo row, const CellSelection& selection) {
   bool isLast = row == selection.End().row;
@@ -86,12 +98,13 @@ const ViewRow& HexViewRows::Read(LineNo row) {
   std::size_t count = file_.ReadRecord(bytes);
   if (count == 0) return row_;
   std::array<char, kHexRowWidth> text;
-  std::size_t length = FormatHexRow(static_cast<std::uint32_t>(RowStart(row)), {bytes.data(), count}, text);
+  FormatHexRow(static_cast<std::uint32_t>(RowStart(row)), {bytes.data(), count}, text);
   row_.AppendAscii({text.data(), kHexTextColumn});
-  for (std::size_t i = kHexTextColumn; i < length; ++i) {
-    char16_t code = SystemCodePage().single[static_cast<unsigned char>(text[i])];
-    row_.Append(code ? code : u'.', 1);
-  }
+  std::array<char16_t, kHexRowBytes> characters;
+  const auto& table = CharacterTable();
+  for (std::size_t i = 0; i < count; ++i)
+    characters[i] = table[static_cast<unsigned char>(text[kHexTextColumn + i])];
+  row_.AppendPlain({characters.data(), count});
   return row_;
 }
 

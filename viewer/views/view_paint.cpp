@@ -40,21 +40,29 @@ class RowPainter {
     int column = piece.column;
     while (unit < piece.text.size()) {
       std::size_t end = RunEnd(piece, unit);
-      advances_.clear();
-      for (std::size_t i = unit; i < end; column += piece.cells[i++])
-        advances_.push_back(piece.cells[i] * cell_.width);
+      column += Advance(piece, unit, end);
       Draw(std::min(XOf(column), right), piece.text.substr(unit, end - unit), isSelected);
       unit = end;
     }
   }
 
+  // Sets the widths of the units of a run; returns how many cells it takes.
+  int Advance(const CellPiece& piece, std::size_t unit, std::size_t end) {
+    int cells = 0;
+    advances_.assign(end - unit, cell_.width);
+    if (piece.cells.empty()) return static_cast<int>(end - unit);
+    for (std::size_t i = unit; i < end; cells += piece.cells[i++]) advances_[i - unit] *= piece.cells[i];
+    return cells;
+  }
+
   // Where the run of characters that begins at `unit` ends: one of a script that is written from right to
   // left is a run by itself with the marks upon it, so that the order on the screen stays that of the text.
   static std::size_t RunEnd(const CellPiece& piece, std::size_t unit) {
+    if (!piece.mayTurn) return piece.text.size();
     bool isAlone = IsRightToLeft(piece.text[unit]);
     std::size_t end = unit + 1;
     while (end < piece.text.size() &&
-           (piece.cells[end] == 0 || (!isAlone && !IsRightToLeft(piece.text[end]))))
+           (piece.CellsOf(end) == 0 || (!isAlone && !IsRightToLeft(piece.text[end]))))
       ++end;
     return end;
   }

@@ -25,6 +25,9 @@ bool IsWide(char32_t code) {
   return found != std::end(kWide) && found->first <= code;
 }
 
+// Before this one no character is written from right to left.
+constexpr char32_t kFirstTurning = 0x590;
+
 // Beyond ASCII all that is no blank counts as a letter.
 bool IsWordUnit(char16_t unit) {
   bool isLetter = (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z');
@@ -43,28 +46,45 @@ void ViewRow::Clear() {
   text_.clear();
   cells_.clear();
   columns_ = 0;
+  mayTurn_ = false;
 }
 
 void ViewRow::AppendAscii(std::string_view text) {
-  text_.append(text.begin(), text.end());
-  cells_.resize(text_.size(), 1);
+  std::size_t before = text_.size();
+  text_.resize(before + text.size());
+  std::copy(text.begin(), text.end(), text_.begin() + static_cast<std::ptrdiff_t>(before));
+  if (!IsPlain()) cells_.resize(text_.size(), 1);
+  columns_ += static_cast<int>(text.size());
+}
+
+void ViewRow::AppendPlain(std::u16string_view text) {
+  text_.append(text);
+  if (!IsPlain()) cells_.resize(text_.size(), 1);
   columns_ += static_cast<int>(text.size());
 }
 
 void ViewRow::Append(char32_t code, int cells) {
+  std::size_t before = text_.size();
   AppendUtf16(code, text_);
+  mayTurn_ |= code >= kFirstTurning;
+  columns_ += cells;
+  if (IsPlain() && cells == 1 && text_.size() == before + 1) return;
+  cells_.resize(before, 1);
   cells_.push_back(static_cast<std::uint8_t>(cells));
   cells_.resize(text_.size(), 0);
-  columns_ += cells;
 }
 
 void ViewRow::AppendBlanks(int count) {
   text_.append(static_cast<std::size_t>(count), u' ');
-  cells_.resize(text_.size(), 1);
+  if (!IsPlain()) cells_.resize(text_.size(), 1);
   columns_ += count;
 }
 
 ViewRow::Place ViewRow::PlaceAt(int column) const {
+  if (IsPlain()) {
+    int at = std::clamp(column, 0, columns_);
+    return {static_cast<std::size_t>(at), at};
+  }
   Place place{0, 0};
   while (place.unit < cells_.size() && place.column < column) place.column += cells_[place.unit++];
   while (place.column > 0 && place.unit < cells_.size() && cells_[place.unit] == 0) ++place.unit;
@@ -76,6 +96,7 @@ int ViewRow::SnapForward(int column) const {
 }
 
 int ViewRow::SnapBack(int column) const {
+  if (IsPlain()) return std::clamp(column, 0, columns_);
   int at = 0;
   for (std::size_t unit = 0; unit < cells_.size() && at + cells_[unit] <= column; ++unit) at += cells_[unit];
   return at;
@@ -95,10 +116,15 @@ ColumnSpan ViewRow::WordAt(int column) const {
 
 CellPiece ViewRow::Piece(ColumnSpan span) const {
   Place from = PlaceAt(span.from), to = PlaceAt(SnapBack(span.to));
-  if (to.unit <= from.unit) return {from.column, 0, {}, {}};
+  CellPiece piece;
+  piece.column = from.column;
+  if (to.unit <= from.unit) return piece;
   std::size_t count = to.unit - from.unit;
-  return {from.column, to.column - from.column, std::u16string_view(text_).substr(from.unit, count),
-          std::span(cells_).subspan(from.unit, count)};
+  piece.columns = to.column - from.column;
+  piece.text = std::u16string_view(text_).substr(from.unit, count);
+  if (!IsPlain()) piece.cells = std::span(cells_).subspan(from.unit, count);
+  piece.mayTurn = mayTurn_;
+  return piece;
 }
 
 }  // namespace tarrow

@@ -29,15 +29,19 @@ struct CellPiece {
   int column = 0;
   int columns = 0;
   std::u16string_view text;
-  std::span<const std::uint8_t> cells;  // of each unit of the text
+  std::span<const std::uint8_t> cells;  // of each unit of the text; none: each takes one
+  bool mayTurn = false;                 // whether some of it may be written from right to left
+
+  int CellsOf(std::size_t unit) const { return cells.empty() ? 1 : cells[unit]; }
 };
 
 class ViewRow {
  public:
   void Clear();
 
-  // Appends one cell for each byte of ASCII.
+  // Appends one cell for each byte of ASCII, or for each unit, none of which is part of a pair.
   void AppendAscii(std::string_view text);
+  void AppendPlain(std::u16string_view text);
   void Append(char32_t code, int cells);
   void AppendBlanks(int count);
 
@@ -63,10 +67,12 @@ class ViewRow {
     int column;
   };
   Place PlaceAt(int column) const;
+  bool IsPlain() const { return cells_.empty(); }
 
   std::u16string text_;
-  std::vector<std::uint8_t> cells_;
+  std::vector<std::uint8_t> cells_;  // of each unit, once there is one that does not take one
   int columns_ = 0;
+  bool mayTurn_ = false;
 };
 
 }  // namespace tarrow

@@ -14,6 +14,10 @@ class FindInFileView : public ViewProgram {
     return {{LineNo(row), ColumnNo(column)}, {LineNo(toRow), ColumnNo(toColumn)}};
   }
 
+  static void Extend(const CFileView& view, WPARAM columns) {
+    view.Send(static_cast<UINT>(ViewMove::kRight), columns, TRUE);
+  }
+
   FindCommands find{program.frame,  program.documents, program.messages,
                     program.status, program.waiting,   program.help};
 };
@@ -21,7 +25,9 @@ class FindInFileView : public ViewProgram {
 TEST_F(FindInFileView, SelectsTheBytesOfAMatch) {
   std::string bytes = std::string(20, '\0') + "needle" + std::string(5'000'000, '\0') + "needle";
   CHexFileView* view = OpenHex(scratch.Make("a.bin", bytes));
-  view->SelectBytes({20, 26});
+  view->GotoAddress(20);
+  Extend(*view, 13);
+  EXPECT_EQ(view->SelectedBytes(), (FileRange{20, 26}));
   EXPECT_TRUE(Find(kSearchFindNext)) << "takes the selection as pattern";
   EXPECT_EQ(view->SelectedBytes(), (FileRange{bytes.size() - 6, bytes.size()}));
   EXPECT_TRUE(IsCaretInView(view->State(), view->Page()));
@@ -39,14 +45,24 @@ TEST_F(FindInFileView, SelectsTheBytesOfAMatch) {
 TEST_F(FindInFileView, FindsInTextsOfBothKinds) {
   CTextFileView* utf8 =
       OpenText(scratch.Make("u.txt", "\tcaf\xC3\xA9\n" + std::string(400, 'x') + "caf\xC3\xA9\n"));
-  utf8->SelectBytes({1, 6});
-  EXPECT_EQ(utf8->State().selection, Select(0, 8, 0, 12));
+  utf8->GotoPosition(LineNo(0), ColumnNo(8));
+  Extend(*utf8, 4);
   EXPECT_TRUE(Find(kSearchFindNext));
   EXPECT_EQ(utf8->SelectedBytes(), (FileRange{407, 412})) << "beyond what is shown of the line";
   EXPECT_EQ(utf8->State().Caret().row, LineNo(1));
   CTextFileView* ansi = OpenText(scratch.Make("a.txt", "\xE9\xE9 caf\xE9\n"));
   EXPECT_TRUE(Find(kSearchFindNext)) << "the same pattern in other bytes";
   EXPECT_EQ(ansi->SelectedBytes(), (FileRange{3, 7}));
+}
+
+TEST_F(FindInFileView, AMatchIsNotTakenForAPattern) {
+  CTextFileView* view = OpenText(scratch.Make("a.txt", "a.b axb ayb a.b\n"));
+  Extend(*view, 3);
+  for (std::uint64_t start : {4u, 8u, 12u}) {
+    EXPECT_TRUE(Find(kSearchFindNext));
+    EXPECT_EQ(view->SelectedBytes().start, start);
+  }
+  EXPECT_EQ(find.State().pattern, "a.b");
 }
 
 TEST_F(FindInFileView, ReplacesNothing) {
