@@ -50,6 +50,7 @@ int CTwApp::Run(std::string_view commandLine, int showCommand) {
   else
     program_.session.Restore();
   ::DragAcceptFiles(program_.frame.Handle(), TRUE);
+  ProjectRoom::CleanUp();
   return MessageLoop::Run(LoopTargets(), [this] { program_.frame.OnIdle(); });
 }
 
@@ -77,6 +78,7 @@ void CTwApp::LoadProgramSettings(const CommandLineOptions& options) {
 
 void CTwApp::ShowFrame(int showCommand) {
   if (PlaceFrame() && showCommand != SW_SHOWMINNOACTIVE) showCommand = SW_SHOWMAXIMIZED;
+  program_.projects.ShowState();
   program_.keys.Load();
   program_.files.ShowRecentFiles();
   ::ShowWindow(program_.frame.Handle(), showCommand);

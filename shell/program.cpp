@@ -9,7 +9,7 @@ Program::Program(SettingsFiles& settingsFiles)
       frame(state, messages),
       messages(frame, state.settings.global, frame.GetBars()),
       wait(frame, selector),
-      options(state),
+      options(settingsFiles, state.store, state.settings, state.homeDirectory),
       help(frame, messages, selector, state.helpFile),
       services{frame,
                windows,
@@ -27,13 +27,15 @@ Program::Program(SettingsFiles& settingsFiles)
       stored(state.store),
       settings(frame, state, windows, keys, stored, messages, help),
       session(state, services, files, windows),
+      projects(frame, state, windows, keys, files, session),
       tools(frame, messages, state.store),
       ending(frame, windows, selector, session, frame.GetBars(), help, messages),
-      rooms(services, help, stored) {
+      rooms(services, help, stored, options, projects) {
   for (CommandTarget* room : rooms.Targets()) frame.AddTarget(*room);
   frame.AddTarget(files);
   frame.AddTarget(windows);
   frame.AddTarget(settings);
+  frame.AddTarget(projects);
   frame.AddTarget(tools);
   frame.AddTarget(help);
   frame.AddTarget(ending);

@@ -7,9 +7,9 @@
 #include "shell/commands/active_keys.h"
 #include "shell/commands/document_windows.h"
 #include "shell/commands/ending.h"
-#include "shell/commands/environment_options.h"
 #include "shell/commands/help_commands.h"
 #include "shell/commands/open_files.h"
+#include "shell/commands/project_switch.h"
 #include "shell/commands/session_keeper.h"
 #include "shell/commands/settings_commands.h"
 #include "shell/commands/tool_commands.h"
@@ -18,6 +18,7 @@
 #include "shell/frame/message_boxes.h"
 #include "shell/rooms.h"
 #include "shell/state/program_state.h"
+#include "shell/state/project_store.h"
 #include "shell/state/settings_values.h"
 
 namespace tarrow {
@@ -31,7 +32,7 @@ struct Program {
   MessageBoxes messages;
   CWinSelector selector;
   FrameWait wait;
-  EnvironmentOptions options;
+  ProjectStore options;
   HelpCommands help;
   DocumentServices services;
   OpenFiles files;
@@ -40,6 +41,7 @@ struct Program {
   SettingsValues stored;
   SettingsCommands settings;
   SessionKeeper session;
+  ProjectSwitch projects;
   ToolCommands tools;
   Ending ending;
   Rooms rooms;

@@ -3,6 +3,7 @@
 
 #include "edit/documents/document_services.h"
 #include "print/print_room.h"
+#include "project/project_room.h"
 #include "search/files/global_search_room.h"
 #include "search/find/find_commands.h"
 #include "search/pattern/filter_pattern.h"
@@ -17,17 +18,19 @@ namespace tarrow {
 
 struct Rooms {
   // All that is handed in outlives the rooms.
-  Rooms(const DocumentServices& program, Help& help, const StoredSettings& stored)
+  Rooms(const DocumentServices& program, Help& help, const StoredSettings& stored, ProjectSettings& settings,
+        ProjectSwitching& projects)
       : find(program.frame, program.documents, program.messages, program.status, program.waiting, help),
         globalSearch(ResultsOf(program), program.options, help, ListFiles),
         comparison(ResultsOf(program)),
         extraction(ResultsOf(program), MakeFilterPattern),
         fileManager({program.frame, program.documents, program.messages, program.status, program.waiting}),
-        print(program.frame, program.documents, program.messages, stored, program.settings) {}
+        print(program.frame, program.documents, program.messages, stored, program.settings),
+        project(program, settings, projects) {}
 
   auto Targets() {
     return std::to_array<CommandTarget*>(
-        {&find, &globalSearch, &comparison, &extraction, &fileManager, &print});
+        {&find, &globalSearch, &comparison, &extraction, &fileManager, &print, &project});
   }
 
   FindCommands find;
@@ -36,6 +39,7 @@ struct Rooms {
   ExtractionRoom extraction;
   FileManagerRoom fileManager;
   PrintRoom print;
+  ProjectRoom project;
 
  private:
   static ResultServices ResultsOf(const DocumentServices& program) {

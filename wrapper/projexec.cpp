@@ -18,6 +18,8 @@ constexpr UINT kNotFound = 9009;  // as the command interpreter has it
 constexpr UINT kFailed = 1;
 constexpr UINT kInterrupted = 0xC000013A;  // as the system has it for Ctrl+C
 
+constexpr std::wstring_view kUsage = L"projexec OUTPUT COMMAND: runs a command with its output in a file\r\n";
+
 constexpr DWORD kPeriod = 50;             // between two looks at the output, in milliseconds
 constexpr DWORD kGrace = 1000;            // for the command to end itself after Ctrl+C
 constexpr ULONGLONG kLeastSpace = 65536;  // on the disk; with less, output may have been lost
@@ -86,7 +88,8 @@ bool WaitFor(const StartedCommand& command, OutputMirror& mirror) {
   for (;;) {
     DWORD reason = ::WaitForMultipleObjects(isInterrupted ? 1 : 2, handles, FALSE, kPeriod);
     mirror.Show();
-    if (reason == WAIT_OBJECT_0 || reason == WAIT_FAILED) return isInterrupted;
+    if (reason == WAIT_OBJECT_0 || reason == WAIT_FAILED)
+      return isInterrupted || ::WaitForSingleObject(interruption, 0) == WAIT_OBJECT_0;
     if (reason == WAIT_OBJECT_0 + 1) {
       isInterrupted = true;
       deadline = ::GetTickCount64() + kGrace;
@@ -143,8 +146,8 @@ const wchar_t* CopyText(std::wstring_view text) {
 UINT Main(std::wstring_view line) {
   WrapperCall call = ReadWrapperCall(line);
   HANDLE errors = ::GetStdHandle(STD_ERROR_HANDLE);
-  if (call.command.empty()) {
-    Write(errors, L"projexec OUTPUT COMMAND: runs a command with its output in a file\r\n");
+  if (call.output.empty()) {
+    Write(errors, kUsage);
     return kNoCommand;
   }
   const wchar_t* path = CopyText(call.output);
@@ -155,7 +158,13 @@ UINT Main(std::wstring_view line) {
     Report(errors, L"cannot write", call.output, ::GetLastError());
     return kFailed;
   }
-  UINT code = RunCommand(call.command, output, path);
+  UINT code = kNoCommand;
+  if (call.command.empty()) {
+    Write(output, L"projexec: there is no command to run\r\n");
+    Write(errors, kUsage);
+  } else {
+    code = RunCommand(call.command, output, path);
+  }
   ::CloseHandle(output);
   return code;
 }

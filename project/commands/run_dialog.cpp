@@ -39,7 +39,11 @@ void ReportFailure(Messages& messages, const RunRequest& request, DWORD error) {
 }  // namespace
 
 bool ProgramExists(const std::string& name) {
-  return ::SearchPathW(nullptr, ToWide(name).c_str(), nullptr, 0, nullptr, nullptr) != 0;
+  wchar_t found[MAX_PATH];
+  DWORD length = ::SearchPathW(nullptr, ToWide(name).c_str(), nullptr, MAX_PATH, found, nullptr);
+  if (length == 0 || length >= MAX_PATH) return false;
+  DWORD attributes = ::GetFileAttributesW(found);
+  return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
 }
 
 void RunProgram(HWND frame, Messages& messages, RunRequest request, bool ask) {

@@ -63,13 +63,13 @@ HelpMode HelpModeFor(HelpMode mode, std::string_view word) {
   return IsKeyword(word) ? HelpMode::kEnvironment : HelpMode::kSdk;
 }
 
-HelpRequest MakeHelpRequest(std::string_view value, std::string_view word) {
+WordHelpRequest MakeWordHelpRequest(std::string_view value, std::string_view word) {
   if (value.starts_with('$')) return {true, std::string(value.substr(1)), {}};
   value.remove_prefix(std::min(value.find_first_not_of(' '), value.size()));
   bool quoted = value.starts_with('"');
   if (quoted) value.remove_prefix(1);
   std::size_t end = std::min(value.find(quoted ? '"' : ' '), value.size());
-  HelpRequest request{false, std::string(value.substr(0, end)), {}};
+  WordHelpRequest request{false, std::string(value.substr(0, end)), {}};
   value.remove_prefix(std::min(end + 1, value.size()));
   if (quoted && value.starts_with(' ')) value.remove_prefix(1);
   if (CountCharacters(word) <= kLongestParameter) request.parameters = FillFormat(value, word);

@@ -22,13 +22,13 @@ enum class HelpMode { kChoose, kSdk, kEnvironment };
 // What kChoose comes to for a word; any other mode stays.
 [[nodiscard]] HelpMode HelpModeFor(HelpMode mode, std::string_view word);
 
-struct HelpRequest {
+struct WordHelpRequest {
   bool isHelpFile = false;  // `name` is a file for the help viewer, else a program
   std::string name;         // empty: nothing is asked for
   std::string parameters;   // of the program
 };
 
 // Takes the value of an option apart for a word. A word of 49 characters or more goes into no parameters.
-[[nodiscard]] HelpRequest MakeHelpRequest(std::string_view value, std::string_view word);
+[[nodiscard]] WordHelpRequest MakeWordHelpRequest(std::string_view value, std::string_view word);
 
 }  // namespace tarrow

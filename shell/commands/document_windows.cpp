@@ -67,7 +67,10 @@ bool DocumentWindows::QueryCloseAll() {
 }
 
 void DocumentWindows::OnCloseAll() {
-  if (!QueryCloseAll()) return;
+  if (QueryCloseAll()) CloseAll();
+}
+
+void DocumentWindows::CloseAll() {
   WaitState wait(services_.waiting, true);
   frame_.ForEachChild([this](CMDIChildWnd& child) {
     ::SendMessageW(frame_.Client(), WM_MDIDESTROY, reinterpret_cast<WPARAM>(child.Handle()), 0);

@@ -20,6 +20,9 @@ class DocumentWindows final : public CommandTarget, public DocumentFrame {
   // Asks every window whether it may be closed, from the top of the z-order; false at the first that may not.
   [[nodiscard]] bool QueryCloseAll();
 
+  // Closes every window without a question.
+  void CloseAll();
+
   // The tab size has changed for the windows that are open, and with `withFont` the screen font, too.
   void ApplySettings(bool withFont);
 

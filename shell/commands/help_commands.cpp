@@ -57,11 +57,11 @@ void HelpCommands::OnSearch() {
 }
 
 void HelpCommands::OnWindowHelp() {
-  const CMDIChildWnd* active = frame_.ActiveChild();
-  if (CommandState state; selector_.HasFocus())
+  CommandState state;
+  if (selector_.HasFocus())
     ShowHelp(selector_.Handle(), kSelectorTopic);
-  else if (active && active->QueryCommand(kHelpOnWord, state))
-    active->Post(WM_COMMAND, kHelpOnWord);
+  else if (frame_.QueryCommand(kHelpOnWord, state) && state.enabled)
+    frame_.Post(WM_COMMAND, kHelpOnWord);
   else
     OnContents();
 }

@@ -15,6 +15,7 @@ void Bars::CreateToolBar(bool withProject) {
   auto query = [this](UINT id, CommandState& state) { return frame_.QueryCommand(id, state); };
   auto itemText = [this](UINT id) { return menus_.ItemText(id); };
   if (!tools_.CreateBar(frame_.Handle(), withProject, query, itemText)) messages_.ReportOutOfMemory();
+  EnableProjectButtons(projectEnabled_);
 }
 
 void Bars::CreateStatusBar() {
@@ -72,6 +73,7 @@ void Bars::UpdateButtons() {
 }
 
 void Bars::EnableProjectButtons(bool enable) {
+  projectEnabled_ = enable;
   if (tools_.Exists()) tools_.EnableProjectButtons(enable);
 }
 
@@ -113,6 +115,10 @@ void Bars::PublishCaret(int line, int column) {
 
 void Bars::PublishIndicator(Indicator indicator, int state) {
   if (status_.Exists()) status_.SetIndicator(indicator, state);
+}
+
+void Bars::PublishTask(std::string_view text) {
+  if (status_.Exists()) status_.SetTask(text);
 }
 
 }  // namespace tarrow

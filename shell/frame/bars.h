@@ -32,7 +32,7 @@ class Bars final : public StatusLine {
   // The buttons follow what can be done now.
   void UpdateButtons();
 
-  // Project buttons act only while none of the project's commands runs.
+  // Project buttons act only while a project is open, and like all others only while their commands do.
   void EnableProjectButtons(bool enable);
 
   // No document is active any more: the status bar shows its idle text.
@@ -50,6 +50,7 @@ class Bars final : public StatusLine {
   void ShowStatusId(int id, int seconds) override;
   void PublishCaret(int line, int column) override;
   void PublishIndicator(Indicator indicator, int state) override;
+  void PublishTask(std::string_view text) override;
 
  private:
   void CreateToolBar(bool withProject);
@@ -61,6 +62,7 @@ class Bars final : public StatusLine {
   Messages& messages_;
   CStatusBar status_;
   CToolBar tools_;
+  bool projectEnabled_ = false;
 };
 
 }  // namespace tarrow

@@ -73,6 +73,14 @@ std::string MenuBars::ItemText(UINT command) const {
   return TextOf(edit_.Get(), command);
 }
 
+void MenuBars::ResetKeyTexts() const {
+  for (const CommandName& command : CommandNames()) {
+    std::string_view text = CommandMenuText(command.id);
+    std::size_t tab = text.find('\t');
+    if (!text.empty()) SetKeyText(command.id, tab == text.npos ? std::string_view() : text.substr(tab));
+  }
+}
+
 void MenuBars::SetKeyText(UINT command, std::string_view keyText) const {
   for (HMENU bar : {noDocument_.Get(), edit_.Get()}) {
     std::string text = TextOf(bar, command);

@@ -31,6 +31,9 @@ class MenuBars {
   // What a command's item says, with its key text behind a TAB; empty when it has none.
   std::string ItemText(UINT command) const;
 
+  // Shows every command with the key that it has by default.
+  void ResetKeyTexts() const;
+
   // Gives a command's item in both bars another key text (with its TAB; empty: none).
   void SetKeyText(UINT command, std::string_view keyText) const;
 

@@ -76,7 +76,7 @@ def main():
     parser.add_argument("words", nargs="*", metavar="WORD", help="only scenarios with a WORD in their names")
     parser.add_argument("--width", default="i686", help="the build that is played: i686 (the default) or x86_64")
     options = parser.parse_args()
-    workshop.build(options.width, "tarrow", "window_probe")
+    workshop.build(options.width, "tarrow", "window_probe", "command_child")
     with workshop.virtual_display() as display, workshop.Wine(display).running() as wine:
         passed, failures = play(wine, options.width, options.words)
     for failure in failures:

@@ -39,6 +39,7 @@ class FakeMessages final : public Messages {
 class FakeStatusLine final : public StatusLine {
  public:
   std::vector<std::string> texts;
+  std::vector<std::string> tasks;
   int line = 0, column = 0;
   std::map<Indicator, int> indicators;
 
@@ -46,6 +47,7 @@ class FakeStatusLine final : public StatusLine {
   void ShowStatusId(int id, int) override { texts.push_back(std::to_string(id)); }
   void PublishCaret(int newLine, int newColumn) override { line = newLine, column = newColumn; }
   void PublishIndicator(Indicator indicator, int state) override { indicators[indicator] = state; }
+  void PublishTask(std::string_view text) override { tasks.emplace_back(text); }
 };
 
 class FakeWaiting final : public Waiting {

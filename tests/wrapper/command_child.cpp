@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <fstream>
+#include <iterator>
 #include <string>
 
 namespace {
@@ -67,10 +69,41 @@ BOOL WINAPI Ignore(DWORD) {
   return TRUE;
 }
 
+int WaitUntilGone(const char* path) {
+  while (GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES) Sleep(10);
+  return 0;
+}
+
 [[noreturn]] void WaitForever(bool ignoringBreak) {
   if (ignoringBreak) SetConsoleCtrlHandler(Ignore, TRUE);
   WriteLine(STD_OUTPUT_HANDLE, "waiting", static_cast<int>(GetCurrentProcessId()));
   for (;;) Sleep(INFINITE);
+}
+
+// A compiler for tests: every line that begins with "int" is to end with ";". What it complains about it
+// names as the compilers of this system do; without a complaint it makes an object file.
+int Compile(const std::string& path) {
+  std::ifstream source(path);
+  std::string line;
+  int number = 0, errors = 0;
+  while (std::getline(source, line)) {
+    ++number;
+    if (line.ends_with('\r')) line.pop_back();
+    if (!line.starts_with("int") || line.ends_with(';')) continue;
+    std::printf("%s(%d,%d) : error C2146: missing ';' at the end\n", path.c_str(), number,
+                static_cast<int>(line.size()) + 1);
+    ++errors;
+  }
+  if (errors == 0) std::ofstream(path + ".obj") << "object";
+  return errors;
+}
+
+// Writes what stands in the file that "@name" names.
+int ShowResponse(const char* argument) {
+  std::ifstream file(argument + 1, std::ios::binary);
+  std::string text(std::istreambuf_iterator<char>(file), {});
+  Write(STD_OUTPUT_HANDLE, text.data(), text.size());
+  return 3;
 }
 
 bool HasText(const char* path, const char* text) {
@@ -117,6 +150,9 @@ int main(int count, char** arguments) {
     Start("wait");
     WaitForever(true);
   }
+  if (*arguments[count - 1] == '@') return ShowResponse(arguments[count - 1]);
+  if (verb == "until-gone") return WaitUntilGone(argument);
+  if (verb == "compile") return Compile(arguments[count - 1]);
   if (verb == "interrupt") return Interrupt(argument);
   return 100;
 }

@@ -1,4 +1,5 @@
 // The real wrapper with real commands.
+#include "tests/wrapper/test_programs.h"
 #include "wrapper_run.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +9,7 @@
 namespace tarrow {
 namespace {
 
-const std::wstring kChild = L"\"" CHILD_PROGRAM L"\"";
+const std::wstring kChild = L"\"" + CommandProgram() + L"\"";
 
 void KillProcess(DWORD id) {
   HANDLE process = OpenProcess(PROCESS_TERMINATE, FALSE, id);
@@ -144,7 +145,7 @@ TEST(Projexec, PassesMuchOutputQuickly) {
   for (int i = 0; i < 3; ++i) {
     redirected = std::min(redirected, TimeRedirected(command, run.OutputPath()));
     WrapperRun nested;
-    std::wstring line = L"\"" PROJEXEC_PROGRAM L"\" \"" + run.OutputPath() + L"\" " + command;
+    std::wstring line = L"\"" + WrapperProgram() + L"\" \"" + run.OutputPath() + L"\" " + command;
     wrapped = std::min(wrapped, TimeRedirected(line, nested.OutputPath()));
     EXPECT_EQ(kMegabytes * 1024u * 1024u, run.Output().size());
   }

@@ -1,5 +1,7 @@
 #include "wrapper_run.h"
 
+#include "tests/wrapper/test_programs.h"
+
 #include <cstdlib>
 #include <utility>
 
@@ -62,7 +64,7 @@ WrapperRun::~WrapperRun() {
 }
 
 std::wstring WrapperRun::Line(const std::wstring& command) const {
-  return L"\"" PROJEXEC_PROGRAM L"\" \"" + output_ + L"\" " + command;
+  return L"\"" + WrapperProgram() + L"\" \"" + output_ + L"\" " + command;
 }
 
 void WrapperRun::StartLine(const std::wstring& line, DWORD flags) {
@@ -79,7 +81,7 @@ void WrapperRun::Start(const std::wstring& command) {
 }
 
 void WrapperRun::StartAndInterrupt(const std::wstring& command) {
-  std::wstring helper = L"\"" CHILD_PROGRAM L"\" interrupt ";
+  std::wstring helper = L"\"" + CommandProgram() + L"\" interrupt ";
   StartLine(helper + L"\"" + output_ + L"\" -- " + Line(command), CREATE_NEW_CONSOLE);
 }
 

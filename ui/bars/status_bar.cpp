@@ -14,6 +14,7 @@ namespace {
 
 constexpr UINT_PTR kMessageTimer = 1;
 constexpr std::size_t kLongestMessage = 128;  // characters
+constexpr std::string_view kWidestTask = "Build Target 0:00:00 ";
 
 FontHandle MakeFont(int points, int dpi) {
   LOGFONTW font{};
@@ -98,6 +99,7 @@ void CStatusBar::AddPanes() {
   autoSavePane_ = panes_.AddTwoState("", LoadText(kTextAutoSave));
   capsPane_ = panes_.AddTwoState("", LoadText(kTextCaps));
   numPane_ = panes_.AddTwoState("", LoadText(kTextNum));
+  taskPane_ = panes_.AddText(kWidestTask);
 }
 
 void CStatusBar::OnDestroy() {
@@ -142,6 +144,10 @@ void CStatusBar::SetCaret(int line, int column) {
 
 void CStatusBar::SetIndicator(Indicator indicator, int state) {
   SetPane(indicatorPanes_[static_cast<int>(indicator)], state);
+}
+
+void CStatusBar::SetTask(std::string_view text) {
+  if (panes_.SetText(taskPane_, text)) InvalidatePane(taskPane_);
 }
 
 void CStatusBar::ShowIdle() {

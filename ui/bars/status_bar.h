@@ -36,6 +36,9 @@ class CStatusBar : public CWnd {
   // State -1 shows nothing.
   void SetIndicator(Indicator indicator, int state);
 
+  // What runs in the background; an empty text when nothing does.
+  void SetTask(std::string_view text);
+
   // No document is active: neither caret nor indicators, and no message.
   void ShowIdle();
 
@@ -86,6 +89,7 @@ class CStatusBar : public CWnd {
   int autoSavePane_ = -1;
   int capsPane_ = -1;
   int numPane_ = -1;
+  int taskPane_ = -1;
   bool hasClock_ = false;
   ClockFormat clockFormat_;
   int clockWidth_ = 0;

@@ -39,6 +39,10 @@ int StatusPanes::AddTwoState(std::string_view first, std::string_view second) {
   return Add({std::move(texts), {}, -1}, width);
 }
 
+int StatusPanes::AddText(std::string_view widest) {
+  return Add({{std::string()}, {}, 0}, measure_(widest));
+}
+
 int StatusPanes::Add(Pane pane, int width) {
   if (Count() == kMaxPanes) return -1;
   int left = panes_.empty() ? scale_(kFirstLeft) : panes_.back().span.right + scale_(kSpacing);
@@ -65,6 +69,14 @@ bool StatusPanes::SetState(int index, int state) {
   int& current = panes_[static_cast<std::size_t>(index)].state;
   bool changed = current != state;
   current = state;
+  return changed;
+}
+
+bool StatusPanes::SetText(int index, std::string_view text) {
+  if (index < 0 || index >= Count()) return false;
+  std::string& current = panes_[static_cast<std::size_t>(index)].texts[0];
+  bool changed = current != text;
+  current = text;
   return changed;
 }
 

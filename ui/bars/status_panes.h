@@ -36,6 +36,7 @@ class StatusPanes {
   int AddCaret();                        // line and column
   int AddWords(std::string_view words);  // one of the words between the commas
   int AddTwoState(std::string_view first, std::string_view second);
+  int AddText(std::string_view widest);  // any text, nothing at first
 
   int Count() const { return static_cast<int>(panes_.size()); }
   PaneSpan Span(int pane) const { return panes_[static_cast<std::size_t>(pane)].span; }
@@ -46,6 +47,9 @@ class StatusPanes {
   // Sets which of its texts a pane shows; a state that it does not have (-1) shows nothing. Returns whether
   // the pane has changed. A pane that does not exist is left alone.
   bool SetState(int pane, int state);
+
+  // Sets the text of a text pane. Returns whether it has changed.
+  bool SetText(int pane, std::string_view text);
 
   // Sets what the caret panes show, one-based; line 0 shows nothing. Returns whether that has changed.
   bool SetCaret(long line, unsigned column);

@@ -19,6 +19,14 @@ inline constexpr UINT kNoDocumentMessage = WM_USER + 20;
 // Posted by a result window to itself: open the place that has been asked for.
 inline constexpr UINT kOpenPlaceMessage = WM_USER + 21;
 
+// Posted to the frame: the project's command has ended (wParam is its exit code, lParam the system's error
+// when it could not be started); a second of it has passed.
+inline constexpr UINT kCommandEndedMessage = WM_USER + 30;
+inline constexpr UINT kCommandTickMessage = WM_USER + 31;
+
+// Posted to the frame: the settings are to be read anew for another project, or for none.
+inline constexpr UINT kReloadMessage = WM_USER + 32;
+
 // The menu bars by their old resource numbers.
 enum class MenuBar { kNoDocument = 3, kEdit = 4 };
 

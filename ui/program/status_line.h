@@ -20,6 +20,9 @@ class StatusLine {
   virtual void PublishCaret(int line, int column) = 0;
   virtual void PublishIndicator(Indicator indicator, int state) = 0;
 
+  // What runs in the background, and for how long; an empty text when nothing does.
+  virtual void PublishTask(std::string_view text) = 0;
+
  protected:
   ~StatusLine() = default;
 };

@@ -4,6 +4,7 @@
 #include "edit/documents/document_services.h"
 #include "tests/fakes/fake_program.h"
 
+#include <functional>
 #include <stdexcept>
 #include <utility>
 
@@ -13,8 +14,9 @@ class FakeDocuments final : public Documents {
  public:
   std::vector<std::string> opened;
   std::vector<std::pair<SourcePlace, std::string>> places;  // with the directories of their windows
-  TextControl* activeText = nullptr;
   CTwChild* activeDocument = nullptr;
+  TextControl* activeText = nullptr;
+  std::function<CTwLog*(std::string title, PlaceFinder finder)> makeLog;  // none: no window can be made
   bool mayContinue = true;  // what is answered to offers to save
   std::vector<std::string> offered;
   std::vector<std::pair<std::string, std::string>> followed;
@@ -27,7 +29,9 @@ class FakeDocuments final : public Documents {
     places.emplace_back(place, directory);
     return true;
   }
-  CTwLog* NewResultWindow(std::string_view, PlaceFinder) override { return nullptr; }
+  CTwLog* NewResultWindow(std::string_view title, PlaceFinder finder) override {
+    return makeLog ? makeLog(std::string(title), std::move(finder)) : nullptr;
+  }
   CTwChild* ActiveDocument() const override { return activeDocument; }
   TextControl* ActiveText() const override { return activeText; }
   bool OfferToSave(int) override { return mayContinue; }

@@ -84,14 +84,14 @@ TEST(HelpRequest, IsTakenFromTheOption) {
       {" prog %s", "prog|word"},
   };
   for (auto& row : kRows) {
-    HelpRequest request = MakeHelpRequest(row.value, "word");
+    WordHelpRequest request = MakeWordHelpRequest(row.value, "word");
     EXPECT_EQ(row.expected, (request.isHelpFile ? "$" : "") + request.name + "|" + request.parameters);
   }
 }
 
 TEST(HelpRequest, HasNoParametersForALongWord) {
-  EXPECT_EQ("/k " + std::string(48, 'w'), MakeHelpRequest("prog /k %s", std::string(48, 'w')).parameters);
-  HelpRequest request = MakeHelpRequest("prog /k %s", std::string(49, 'w'));
+  EXPECT_EQ("/k " + std::string(48, 'w'), MakeWordHelpRequest("prog /k %s", std::string(48, 'w')).parameters);
+  WordHelpRequest request = MakeWordHelpRequest("prog /k %s", std::string(49, 'w'));
   EXPECT_EQ("prog", request.name);
   EXPECT_EQ("", request.parameters);
 }

@@ -54,6 +54,17 @@ TEST(StatusPanes, ShowWhatTheirStateSays) {
   EXPECT_EQ(panes.Text(caret), "");
 }
 
+TEST(StatusPanes, ShowAnyTextInATextPane) {
+  StatusPanes panes = TenPixelPanes();
+  int task = panes.AddText("Build 0:00");
+  EXPECT_EQ(panes.Span(task).right - panes.Span(task).left, 101);
+  EXPECT_EQ(panes.Text(task), "");
+  EXPECT_TRUE(panes.SetText(task, "Link 0:01"));
+  EXPECT_FALSE(panes.SetText(task, "Link 0:01"));
+  EXPECT_EQ(panes.Text(task), "Link 0:01");
+  EXPECT_FALSE(panes.SetText(-1, "x"));
+}
+
 TEST(ClockFormat, FollowsTheRegion) {
   ClockFormat twelve;
   EXPECT_EQ(twelve.Text(9, 5), "9:05 am");
