@@ -57,6 +57,7 @@ int main(int argc, char** argv) {
   std::ofstream(source, std::ios::binary) << text;
   std::string size = std::to_string(megabytes) + " MB";
 
+  tarrow::bench::RequireProgram("unix2dos", "dos2unix");
   std::string convert = "unix2dos -q -n " + source + " " + dos, copy = "cp " + source + " " + dos;
   Shell(convert);
   tarrow::LoadedText loaded = Load(source);

@@ -234,8 +234,8 @@ void MeasureRow(const PatternRow& row, std::string_view text, std::string_view s
 int Main(bool isQuick) {
   std::string text = MakeCText(isQuick ? 4'000'000 : 100'000'000, true);
   if (text.empty()) {
-    std::fprintf(stderr, "regex_benchmark: no headers in /usr/include to search\n");
-    return 0;
+    std::fprintf(stderr, "cannot be measured without headers in /usr/include: the package libc6-dev\n");
+    return 1;
   }
   std::string_view sample =
       std::string_view(text).substr(0, text.find('\n', text.size() / (isQuick ? 8 : 50)) + 1);

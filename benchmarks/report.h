@@ -30,6 +30,14 @@ inline void Check(bool isRight, const char* what) {
   std::exit(1);
 }
 
+// Ends the program when the rival `program` is not there: a table without it would look like a good one.
+inline void RequireProgram(const char* program, const char* package) {
+  std::string command = std::string(program) + " --version >/dev/null 2>&1";
+  if (std::system(command.c_str()) == 0) return;
+  std::fprintf(stderr, "cannot be measured without the package %s\n", package);
+  std::exit(1);
+}
+
 // The seconds of one run of `work`.
 template <typename Work>
 double Seconds(Work&& work) {

@@ -117,10 +117,8 @@ void MeasureRow(const SearchRow& row, const Runner& runner, bool isOneFile) {
 }
 
 int Main(bool isQuick) {
-  if (std::system("rg --version > /dev/null 2>&1") != 0) {
-    std::fprintf(stderr, "search_benchmark: ripgrep (rg) is not installed\n");
-    return 0;
-  }
+  RequireProgram("rg", "ripgrep");
+  RequireProgram("grep", "grep");
   std::string text = WithShortLines(MakeCText(isQuick ? 5'000'000 : 100'000'000, false));
   WorkFolder folder;
   WriteFiles(folder.Path(), text, isQuick ? 1000 : 20'000);

@@ -99,11 +99,15 @@ def output_of(command, folder):
     return (folder / "checked.out").read_bytes()
 
 
-def has(*programs):
-    missing = [program for program in programs if not shutil.which(program)]
-    if missing:
-        print("not measured, for want of it:", *missing)
-    return not missing
+# The rivals and the packages that bring them.
+PACKAGES = {"diff": "diffutils", "grep": "grep", "patch": "patch", "rg": "ripgrep", "strings": "binutils",
+            "wc": "coreutils", "xxd": "xxd"}
+
+
+def require(*programs):
+    """A table without its rivals would look like a good one."""
+    if missing := [PACKAGES[program] for program in programs if not shutil.which(program)]:
+        raise Failure(f"cannot be measured without the packages: {', '.join(missing)}")
 
 
 # The works' data. Texts come from the project's own sources, with numbers in some lines so that they differ.
@@ -151,8 +155,7 @@ def found_by_grep(output):
 
 
 def search_one_file(folder, size):
-    if not has("grep", "rg"):
-        return
+    require("grep", "rg")
     write_lines(folder / "text", text_lines(size))
     for name, own, grep, rg, (grep_goal, rg_goal) in SEARCHES:
         commands = [[TARROWC, "search", *own, "text"], ["grep", "-n", *grep, "text"],
@@ -166,8 +169,7 @@ def search_one_file(folder, size):
 
 
 def search_many_files(folder, count):
-    if not has("grep", "rg"):
-        return
+    require("grep", "rg")
     lines = text_lines(count * 4000)
     names = []
     for index in range(count):
@@ -210,8 +212,7 @@ def with_moved_blocks(lines, chance):
 
 
 def compare(folder, size):
-    if not has("diff", "patch"):
-        return
+    require("diff", "patch")
     chance = random.Random(1)
     lines = text_lines(size)
     # Every line a little different, as in a real file of such a size.
@@ -241,8 +242,7 @@ def runs_by_tarrow(output):
 
 
 def strings(folder, size):
-    if not has("strings", "rg"):
-        return
+    require("strings", "rg")
     libraries(folder / "libraries", size)
     own = [TARROWC, "strings", "libraries"]
     rg = ["rg", "-abo", "-N", "--no-filename", "[ -~][ -~][ -~][ -~]+", "libraries"]
@@ -255,6 +255,7 @@ def strings(folder, size):
 
 
 def line_index(folder, size):
+    require("wc")
     portion = b"\n".join(text_lines(min(size, 50 << 20))) + b"\n"
     with open(folder / "long", "wb") as out:
         while out.tell() < size:
@@ -269,8 +270,7 @@ def line_index(folder, size):
 
 
 def hex_rows(folder, size):
-    if not has("xxd"):
-        return
+    require("xxd")
     write_lines(folder / "text", text_lines(size))
     own, xxd = [TARROWC, "hex", "text"], ["xxd", "-u", "-g4", "text"]
     rows = [[line[9:] for line in output_of(command, folder).splitlines()] for command in (own, xxd)]

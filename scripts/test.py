@@ -99,6 +99,7 @@ def run_under_wine(wine, width, program, outcome):
 def house(outcome):
     outcome.check("house rules", [sys.executable, "scripts/check_house.py"])
     outcome.check("the house checks can fail", [sys.executable, "scripts/house/self_test.py"])
+    outcome.check("the scripts", [sys.executable, "tests/scripts/scripts_test.py"])
     outcome.check("the help book", [sys.executable, "tests/help/book_test.py"])
 
 
