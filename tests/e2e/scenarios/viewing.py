@@ -21,7 +21,7 @@ class Viewing(Scenario):
 
     def test_keys_select_bytes_and_copy_them_as_seen(self):
         self.view("a.bin", bytes(range(256)) * 20, HEX | BARS)
-        self.stage.keys("Page Down", "Ctrl+Home", "Down", "Ctrl+Right", "Shift+Right", "Shift+Right", "Shift+Right")
+        self.stage.keys("PageDown", "Ctrl+Home", "Down", "Ctrl+Right", "Shift+Right", "Shift+Right", "Shift+Right")
         self.wait_copied("1213")
 
     def test_goto_address_insists_on_digits(self):
