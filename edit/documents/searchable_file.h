@@ -6,6 +6,8 @@
 #include "base/file_range.h"
 #include "edit/text/charset.h"
 
+#include <windows.h>
+
 #include <memory>
 
 namespace tarrow {
@@ -24,6 +26,9 @@ class SearchableFile {
 
   // Whether the selection still is that of the last match, and not one of the user.
   virtual bool IsAtMatch() const = 0;
+
+  // Where it stands on the screen, in pixels.
+  virtual RECT MatchOnScreen() const = 0;
 
  protected:
   ~SearchableFile() = default;

@@ -98,10 +98,18 @@ void FindCommands::Search(UINT id) {
     if (window.Find() && id == kSearchReplaceNext) window.ReplaceSelection();
     MoveDialogAside(window, *control);
   } else if (SearchableFile* file = File()) {
-    FindInView view = In(*file, BoxOwner());
-    view.TakeSelection();
-    view.Find();
+    FindInFile(*file, true);
   }
+}
+
+// The window of the file may have been closed during the search.
+void FindCommands::FindInFile(SearchableFile& file, bool takesSelection) {
+  FindInView view = In(file, BoxOwner());
+  if (takesSelection) view.TakeSelection();
+  view.Find();
+  if (!dialog_ || File() != &file || !file.IsAtMatch()) return;
+  RECT match = file.MatchOnScreen();
+  dialog_->MoveAside({match.left, match.top, match.right, match.bottom});
 }
 
 void FindCommands::OpenDialog(bool findOnly) {
@@ -154,7 +162,7 @@ void FindCommands::TakeFields(CTwFindReplaceDialog& dialog) {
 // With an unchanged pattern Replace replaces the last match at once, if it is still what is selected.
 void FindCommands::Obey(CTwFindReplaceDialog& dialog) {
   TextControl* control = Text();
-  if (!control) return In(*File(), BoxOwner()).Find();
+  if (!control) return FindInFile(*File(), false);
   FindInWindow window = In(*control, BoxOwner());
   auto find = [&] { return state_.selectionOnly ? window.FindInSelection() : window.Find(); };
   if (dialog.IsReplaceAll()) return Report(window.ReplaceAll());

@@ -51,6 +51,7 @@ class FindCommands final : public CommandTarget {
 
   void OpenDialog(bool findOnly);
   void Search(UINT id);
+  void FindInFile(SearchableFile& file, bool takesSelection);
   void ForgetDialog();
   void ObeyDialog();
   void Obey(CTwFindReplaceDialog& dialog);

@@ -41,6 +41,7 @@ class CFileView : public CTwChild, public SearchableFile, public Printable {
   FileRange SelectedBytes() override;
   void SelectMatch(const FileRange& bytes) override;
   bool IsAtMatch() const override { return found_ && found_->selection == state_.selection; }
+  RECT MatchOnScreen() const override;
 
   // Printable:
   bool HasSelection() const override { return !state_.selection.Empty(); }
@@ -121,6 +122,7 @@ class CFileView : public CTwChild, public SearchableFile, public Printable {
   void Show(const ViewState& state);
   void InvalidateChange(const ViewState& before);
   void InvalidateRows(LineNo first, LineNo last);
+  RECT RectOfRows(LineNo first, LineNo last) const;
   void UpdateScrollBars();
   void PlaceCaret();
   void PublishCaret();

@@ -9,6 +9,7 @@
 #include "viewer/views/printed_rows.h"
 #include "viewer/views/view_copy.h"
 
+#include <algorithm>
 #include <memory>
 #include <new>
 
@@ -65,6 +66,14 @@ FileRange CFileView::SelectedBytes() {
   FileRange bytes;
   Reading([&] { bytes = Rows()->BytesOf(state_.selection); });
   return bytes;
+}
+
+// In the hex view a match stands out at two places of its rows, so all that is written there counts.
+RECT CFileView::MatchOnScreen() const {
+  RECT area = RectOfRows(state_.selection.Start().row, state_.selection.End().row);
+  if (const ViewRows* rows = Rows()) area.right = std::min<LONG>(area.right, rows->Longest() * cell_.width);
+  ::MapWindowPoints(Handle(), nullptr, reinterpret_cast<POINT*>(&area), 2);
+  return area;
 }
 
 void CFileView::SelectMatch(const FileRange& bytes) {

@@ -126,13 +126,19 @@ void CFileView::InvalidateChange(const ViewState& before) {
 }
 
 void CFileView::InvalidateRows(LineNo first, LineNo last) {
+  RECT area = RectOfRows(first, last);
+  Invalidate(&area);
+}
+
+// What is in view of some rows.
+RECT CFileView::RectOfRows(LineNo first, LineNo last) const {
   RECT area = ClientRect();
   auto rowInView = [&](std::int64_t row) {
     return std::clamp<std::int64_t>(row - state_.top.value, 0, page_.rows + 1);
   };
   area.top = static_cast<LONG>(rowInView(first.value) * cell_.height);
   area.bottom = static_cast<LONG>(rowInView(std::int64_t{last.value} + 1) * cell_.height);
-  Invalidate(&area);
+  return area;
 }
 
 void CFileView::UpdateScrollBars() {
