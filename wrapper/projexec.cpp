@@ -7,6 +7,7 @@
 // program is killed. Ctrl+C, Ctrl+Break and the closing of the console end the command and all that it has
 // started.
 #include "wrapper/call.h"
+#include "wrapper/entry.h"
 #include "wrapper/output_mirror.h"
 #include "wrapper/program.h"
 
@@ -20,18 +21,12 @@ constexpr UINT kInterrupted = 0xC000013A;  // as the system has it for Ctrl+C
 
 constexpr std::wstring_view kUsage = L"projexec OUTPUT COMMAND: runs a command with its output in a file\r\n";
 
-constexpr DWORD kPeriod = 50;             // between two looks at the output, in milliseconds
+constexpr DWORD kPeriod = 50;             // between two looks at the clock, in milliseconds
 constexpr DWORD kGrace = 1000;            // for the command to end itself after Ctrl+C
 constexpr ULONGLONG kLeastSpace = 65536;  // on the disk; with less, output may have been lost
 
 HANDLE interruption = nullptr;  // set by Ctrl+C and its like
 volatile LONG isClosing = 0;    // the console goes away: no grace
-
-#ifdef __i386__
-#define TARROW_CALLED_BY_SYSTEM __attribute__((force_align_arg_pointer))
-#else
-#define TARROW_CALLED_BY_SYSTEM
-#endif
 
 TARROW_CALLED_BY_SYSTEM BOOL WINAPI OnConsoleEvent(DWORD event) {
   bool closes = event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT;
@@ -80,14 +75,14 @@ void End(const StartedCommand& command) {
     ::TerminateProcess(command.process, kInterrupted);
 }
 
-// Waits for the command, showing its output. Returns whether it was interrupted.
-bool WaitFor(const StartedCommand& command, OutputMirror& mirror) {
+// Waits for the command. Returns whether it was interrupted.
+bool WaitFor(const StartedCommand& command) {
   HANDLE handles[] = {command.process, interruption};
   bool isInterrupted = false;
   ULONGLONG deadline = 0;
   for (;;) {
-    DWORD reason = ::WaitForMultipleObjects(isInterrupted ? 1 : 2, handles, FALSE, kPeriod);
-    mirror.Show();
+    DWORD reason =
+        ::WaitForMultipleObjects(isInterrupted ? 1 : 2, handles, FALSE, isInterrupted ? kPeriod : INFINITE);
     if (reason == WAIT_OBJECT_0 || reason == WAIT_FAILED)
       return isInterrupted || ::WaitForSingleObject(interruption, 0) == WAIT_OBJECT_0;
     if (reason == WAIT_OBJECT_0 + 1) {
@@ -126,7 +121,7 @@ UINT RunCommand(std::wstring_view text, HANDLE output, const wchar_t* outputPath
   StartedCommand command = StartCommand(text, output);
   if (command.error != 0) return CannotStart(output, text, command.error);
   OutputMirror mirror(outputPath);
-  bool isInterrupted = WaitFor(command, mirror);
+  bool isInterrupted = WaitFor(command);
   if (isInterrupted) End(command);
   UINT code = ExitCode(command, isInterrupted, outputPath);
   ReleaseJob(command.job);

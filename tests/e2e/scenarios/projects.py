@@ -11,6 +11,13 @@ LOG = "Project Command Error Log"
 class ProjectScenario(Scenario):
     """Tools of the tests in the environment without presets."""
 
+    def start(self, *words, **options):
+        """Starts Tarrow in front: the console of an earlier command may have left nobody there."""
+        program = super().start(*words, **options)
+        left, top, right, _ = program.main().facts["rect"]
+        self.stage.click((left + right) // 2, top + 10)
+        return program
+
     def tool(self, *words):
         program = BUILD / self.stage.width / "tests" / "wrapper" / "command_child.exe"
         return " ".join([windows_path(program), *words])
@@ -67,7 +74,7 @@ class Commands(ProjectScenario):
         self.stage.keys("Ctrl+g")
         program.wait_file(self.folder / "b.c")
         self.stage.type("!")
-        program.wait_text("one\ntwo!")
+        program.wait_text("one\r\ntwo!")
 
     def test_the_results_are_shown_when_asked_for(self):
         self.write("say.bat", b"@echo all is well\r\n")
@@ -78,7 +85,7 @@ class Commands(ProjectScenario):
         self.assertEqual(len(self.leftovers()), 1)
         program.command("Project:ViewLog")
         program.wait_title(LOG)
-        self.assertEqual(program.active_edit().text, "all is well\n")
+        self.assertEqual(program.active_edit().text, "all is well\r\n")
         self.assertEqual(self.leftovers(), [])
 
     def test_a_command_outlives_the_program(self):
@@ -106,12 +113,12 @@ class Selecting(ProjectScenario):
         program.answer("OK to create new", "OK")
         self.stage.wait(own.is_dir, "the directory of the project")
         program.wait_titles([])
+        self.choose_project(program, windows_path(self.folder))
+        program.wait_titles([])
         (own / "inside.txt").write_bytes(b"text\r\n")
         (own / "tarrow.ini").write_bytes(
             b"[Settings]\r\nFlags=10001001000\r\n[Session]\r\nEditCount=1\r\nEdit01="
             + windows_path(own / "inside.txt").encode() + b",8\r\n")
-        self.choose_project(program, windows_path(self.folder))
-        program.wait_titles([])
         self.choose_project(program, windows_path(own))
         program.wait_titles([shown_path(own / "inside.txt")])
         self.assertEqual(program.close_and_end(), 0)
@@ -141,7 +148,7 @@ class Selecting(ProjectScenario):
     def test_a_modified_window_can_stop_it(self):
         program, path = self.open("a.txt", b"\r\n")
         self.stage.type("x")
-        program.wait_text("x\n")
+        program.wait_text("x\r\n")
         self.choose_project(program, windows_path(self.folder))
         program.answer("Save changes", "Cancel")
         self.stays(lambda: program.titles() == [shown_path(path)], "the window was closed")
@@ -156,4 +163,4 @@ class ContextHelp(ProjectScenario):
         self.stage.keys("F1")
         program.wait_file(header)
         self.stage.type("x")
-        self.stays(lambda: program.active_edit().text == "#define A\n", "the file is not read only")
+        self.stays(lambda: program.active_edit().text == "#define A\r\n", "the file is not read only")
