@@ -140,6 +140,8 @@ std::string TrueCasePath(std::string_view path) {
     found += '\\';
     path.remove_prefix(end + 1);
   }
+  bool hasDrive = found.size() > 1 && found[1] == ':' && found[0] >= 'a' && found[0] <= 'z';
+  if (hasDrive) found[0] = static_cast<char>(found[0] - 'a' + 'A');
   return found;
 }
 

@@ -50,7 +50,7 @@ struct FileStatus {
 // exactly that.
 [[nodiscard]] std::string TrueCase(std::string_view path);
 
-// `path` with every component in the case that it has on the disk.
+// `path` with every component in the case that it has on the disk, and the letter of a drive in upper case.
 [[nodiscard]] std::string TrueCasePath(std::string_view path);
 
 // Everything that a path with wildcards in its last component finds, "." and ".." included.

@@ -20,7 +20,9 @@ CPrintingDialog::~CPrintingDialog() {
 
 void CPrintingDialog::Open(HWND owner) {
   owner_ = owner;
-  if (CreateModeless(owner)) disabled_.emplace(Handle());
+  if (!CreateModeless(owner)) return;
+  disabled_.emplace(Handle());
+  ::SetActiveWindow(Handle());
 }
 
 bool CPrintingDialog::OnInitDialog() {

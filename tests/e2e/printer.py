@@ -220,7 +220,7 @@ class Page(list):
         if self.rows is None:
             self.rows = self._draw()
         columns = slice(round(word.left * self.DOTS_PER_MM), round(word.right * self.DOTS_PER_MM))
-        top, bottom = round(word.top * self.DOTS_PER_MM), round((word.bottom + 1) * self.DOTS_PER_MM)
+        top, bottom = round(word.top * self.DOTS_PER_MM), round(word.bottom * self.DOTS_PER_MM)
         dark = [row for row in range(top, bottom) if min(self.rows[row][columns]) < 128]
         return (dark[-1] + 1) / self.DOTS_PER_MM
 

@@ -56,7 +56,7 @@ TEST(FileSystem, TrueCasePathHasEveryComponentAsTheDiskHasIt) {
   std::string directory = scratch / "Mixed Dir";
   MakeDirectory(directory);
   std::string file = scratch.Make("Mixed Dir\\File.TXT", "");
-  EXPECT_EQ(TrueCasePath(LowerCase(file)).substr(3), file.substr(3));
+  EXPECT_EQ(TrueCasePath(LowerCase(file)), file);
   EXPECT_EQ(TrueCasePath(LowerCase(directory) + "\\None.txt"), directory + "\\None.txt");
   EXPECT_EQ(TrueCasePath("File1"), "File1");
 }
