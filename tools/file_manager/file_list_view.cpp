@@ -11,7 +11,7 @@ namespace tarrow {
 namespace {
 
 // Widths in hundredths of the control's.
-constexpr int kColumnWidths[kFileColumnCount] = {43, 16, 27, 10};
+constexpr int kColumnWidths[kFileColumnCount] = {42, 16, 27, 15};
 
 bool IsNumber(FileColumn column) {
   return column == FileColumn::kSize;

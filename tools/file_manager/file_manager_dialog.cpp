@@ -63,6 +63,8 @@ CFileManagerDialog::CFileManagerDialog(const FileManagerServices& program, FileM
     : CDialog(IDD_FILE_MANAGER), program_(program), state_(state), closed_(std::move(closed)) {}
 
 bool CFileManagerDialog::OnInitDialog() {
+  Send(WM_SETICON, ICON_SMALL,
+       reinterpret_cast<LPARAM>(::LoadIconW(ModuleInstance(), MAKEINTRESOURCEW(IDI_TARROW))));
   list_.Attach(Item(IDC_MANAGED_LIST));
   layout_.Begin(Handle(), kAnchors);
   if (const auto& place = state_.place)

@@ -86,6 +86,18 @@ FileCause CauseOfShellError(int error) {
   return FileCauseFromWindows(static_cast<unsigned long>(error));
 }
 
+bool Rename(const std::string& from, const std::string& to, bool replace) {
+  return MoveFileExW(CheckedWidePath(from).c_str(), CheckedWidePath(to).c_str(),
+                     replace ? MOVEFILE_REPLACE_EXISTING : 0) != 0;
+}
+
+// Wine takes names that differ in case only for the same and leaves the old one: it goes by way of a third.
+void ChangeCase(const std::string& path) {
+  std::string between = path + ".trw";
+  if (!Rename(path, between, false)) ThrowLastFileError(path);
+  if (!Rename(between, path, false)) ThrowLastFileError(between);
+}
+
 }  // namespace
 
 std::optional<FileState> WindowsFileDisk::State(const std::string& path) {
@@ -109,9 +121,11 @@ void WindowsFileDisk::Copy(const std::string& from, const std::string& to, Progr
 }
 
 bool WindowsFileDisk::Move(const std::string& from, const std::string& to, bool replace) {
-  if (MoveFileExW(CheckedWidePath(from).c_str(), CheckedWidePath(to).c_str(),
-                  replace ? MOVEFILE_REPLACE_EXISTING : 0))
+  if (Rename(from, to, replace)) {
+    bool onlyCaseChanges = from != to && Lower(from) == Lower(to);
+    if (onlyCaseChanges && FileNamePart(TrueCase(to)) != FileNamePart(to)) ChangeCase(to);
     return true;
+  }
   DWORD error = GetLastError();
   if (error == ERROR_NOT_SAME_DEVICE) return false;
   throw CFileException(FileCauseFromWindows(error), from);
