@@ -17,6 +17,9 @@ INNER_FLOORS = {
     "edit": [["text"], ["files", "commands", "control"], ["documents"]],
     "ui": [["commands"], ["program"], ["settings", "bars", "selector"]],
     "search": [["pattern"], ["find", "files"]],
+    "tools": [["file_lists"], ["comparison", "extraction", "file_manager"]],
+    "viewer": [["records"], ["views"]],
+    "project": [["options"], ["commands", "help"]],
     "shell": [["state"], ["frame"], ["commands"]],
 }
 

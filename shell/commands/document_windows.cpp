@@ -68,10 +68,7 @@ bool DocumentWindows::QueryCloseAll() {
 void DocumentWindows::OnCloseAll() {
   if (!QueryCloseAll()) return;
   WaitState wait(services_.waiting, true);
-  frame_.ForEachChild([this](CMDIChildWnd& child) {
-    ::SendMessageW(frame_.Client(), WM_MDIDESTROY, reinterpret_cast<WPARAM>(child.Handle()), 0);
-    return true;
-  });
+  frame_.DestroyChildren();
 }
 
 void DocumentWindows::OnSelector() {

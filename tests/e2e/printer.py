@@ -10,6 +10,7 @@ import pathlib
 import re
 import shutil
 import subprocess
+import tempfile
 import sys
 import xml.etree.ElementTree
 
@@ -135,7 +136,7 @@ class Printer:
     def __init__(self, folder=None):
         self.folder = pathlib.Path(folder or BUILD / "printer")
         # The path of a socket is short, whatever the path of the tree.
-        self.socket = pathlib.Path(f"/tmp/tarrow-printer-{os.getpid()}.sock")
+        self.socket = pathlib.Path(tempfile.gettempdir(), f"tarrow-printer-{os.getpid()}.sock")
         self.server = None
 
     @contextlib.contextmanager

@@ -16,6 +16,7 @@ class CellWidths final : public CharWidths {
   static constexpr int kCell = 10;
   int WidthOf(char32_t code) const override { return code >= 0x4E00 && code < 0xA000 ? 2 * kCell : kCell; }
   int CommonWidth() const override { return kCell; }
+  bool ReachesBack(char32_t) const override { return false; }
 };
 
 class RecordingSurface final : public PrintSurface {

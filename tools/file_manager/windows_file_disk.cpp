@@ -2,6 +2,7 @@
 
 #include "base/exceptions.h"
 #include "base/path_text.h"
+#include "edit/files/temporary_name.h"
 #include "framework/directories.h"
 #include "framework/file.h"
 #include "framework/handle.h"
@@ -97,7 +98,7 @@ std::string WindowsFileDisk::MakeTemporary(const std::string& path) {
   std::string directory(DirectoryPart(path));
   if (!tarrow::IsDirectory(WithoutTrailingSeparators(directory)))
     throw CFileException(FileCause::kBadPath, path);
-  return MakeTempNameIn(directory);
+  return CreateUniqueFile([&](std::uint32_t number) { return TemporaryName(path, number); });
 }
 
 void WindowsFileDisk::Copy(const std::string& from, const std::string& to, Progress& progress) {

@@ -33,7 +33,7 @@ void CFileView::OnCopyAppend() {
 void CFileView::PutSelection(const std::string& before) {
   if (!HasSelection()) return Alert(MB_OK);
   Reading([&] {
-    CProgressBox box(Frame().Handle(), LoadText(kTextCopying));
+    CProgressBox box(Frame().Handle(), LoadText(kTextCopyingSelection));
     box.SetWhole(std::int64_t{state_.selection.End().row - state_.selection.Start().row} + 1);
     try {
       std::string text = before + SelectedText(*Rows(), state_.selection, kMostCopied, &box);
