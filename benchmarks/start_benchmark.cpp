@@ -3,6 +3,7 @@
 //
 // A program is there when it shows a window, answers messages and has nothing left to paint.
 #include "benchmarks/report.h"
+#include "benchmarks/window_process.h"
 
 #include "framework/unicode.h"
 
@@ -12,6 +13,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <vector>
 
 namespace tarrow::bench {
@@ -22,70 +24,17 @@ struct Start {
   double megabytes = 0;  // of memory that the program holds then
 };
 
-struct WindowSearch {
-  DWORD process;
-  HWND found;
-};
-
-BOOL CALLBACK LookAt(HWND window, LPARAM search) {
-  auto& looking = *reinterpret_cast<WindowSearch*>(search);
-  DWORD owner = 0;
-  GetWindowThreadProcessId(window, &owner);
-  if (owner == looking.process && IsWindowVisible(window)) looking.found = window;
-  return looking.found == nullptr;
-}
-
-// The visible main window of a process; null while there is none.
-HWND MainWindowOf(DWORD process) {
-  WindowSearch search{process, nullptr};
-  EnumWindows(LookAt, reinterpret_cast<LPARAM>(&search));
-  return search.found;
-}
-
-bool WaitsToBePainted(HWND window) {
-  if (GetUpdateRect(window, nullptr, FALSE)) return true;
-  for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
-    if (IsWindowVisible(child) && WaitsToBePainted(child)) return true;
-  return false;
-}
-
-// Whether the process shows a window, looks at its messages, and has painted all that it shows.
-bool IsReady(DWORD process) {
-  const HWND window = MainWindowOf(process);
-  DWORD_PTR answer = 0;
-  return window && SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, 5000, &answer) &&
-         !WaitsToBePainted(window);
-}
-
-// False when it takes longer than half a minute.
-bool WaitUntilReady(DWORD process) {
-  const DWORD began = GetTickCount();
-  while (!IsReady(process)) {
-    if (GetTickCount() - began > 30000) return false;
-    Sleep(1);
-  }
-  return true;
-}
-
 Start StartOnce(const std::wstring& command) {
-  std::wstring line = command;
-  STARTUPINFOW startup = {};
-  startup.cb = sizeof startup;
-  PROCESS_INFORMATION process = {};
+  std::optional<WindowProcess> process;
   bool isReady = false;
   Start start;
   start.seconds = Seconds([&] {
-    isReady = CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                             &process) &&
-              WaitUntilReady(process.dwProcessId);
+    process.emplace(command);
+    isReady = process->IsRunning() && process->WaitUntil([] { return true; }, 30000);
   });
   PROCESS_MEMORY_COUNTERS memory = {};
-  GetProcessMemoryInfo(process.hProcess, &memory, sizeof memory);
+  GetProcessMemoryInfo(process->Handle(), &memory, sizeof memory);
   start.megabytes = static_cast<double>(memory.WorkingSetSize) / (1 << 20);
-  TerminateProcess(process.hProcess, 0);
-  WaitForSingleObject(process.hProcess, 30000);
-  CloseHandle(process.hThread);
-  CloseHandle(process.hProcess);
   Check(isReady, "the program shows its window");
   Check(start.megabytes > 0, "the memory of a program can be told");
   return start;

@@ -2,6 +2,9 @@
 
 #include "framework/unicode.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace tarrow {
 
 constinit const MessageMap CMDIFrameWnd::kMessageMap = MessageMap::Make<&CWnd::kMessageMap>();
@@ -61,6 +64,42 @@ void CMDIFrameWnd::RefreshTitle() const {
   if (Text().find(title) == std::string::npos) active->SetText(title);
 }
 
+void CMDIFrameWnd::HideChildren() {
+  ::ShowWindow(client_, SW_HIDE);
+}
+
+// While it is hidden the client window does not notice that a maximised child needs none of its scroll bars.
+void CMDIFrameWnd::ShowChildren() {
+  CMDIChildWnd* active = ActiveChild();
+  if (std::exchange(maximisesWhenShown_, false) && active && !::IsIconic(active->Handle()))
+    MaximiseChild(*active);
+  if (ActiveChildIsMaximised()) ::ShowScrollBar(client_, SB_BOTH, FALSE);
+  ::ShowWindow(client_, SW_SHOW);
+  RefreshTitle();
+  if (active) ::SetFocus(active->Handle());
+  ::UpdateWindow(client_);
+}
+
+// Whether the children are hidden, so that the next one need not come maximised; the active one stops being
+// it, for a child that is made beside a maximised one is made maximised.
+bool CMDIFrameWnd::DefersMaximising() {
+  if (::GetWindowLongW(client_, GWL_STYLE) & WS_VISIBLE) return false;
+  CMDIChildWnd* active = ActiveChild();
+  if (active && ActiveChildIsMaximised()) {
+    ::ShowWindow(active->Handle(), SW_SHOWNORMAL);
+    maximisesWhenShown_ = true;
+  }
+  return true;
+}
+
+// The active child goes last: with every active child that goes, the system activates another.
+void CMDIFrameWnd::DestroyChildren() {
+  CMDIChildWnd* active = ActiveChild();
+  std::vector<HWND> children = Children();
+  if (active) std::ranges::partition(children, [&](HWND child) { return child != active->Handle(); });
+  for (HWND child : children) ::SendMessageW(client_, WM_MDIDESTROY, reinterpret_cast<WPARAM>(child), 0);
+}
+
 void CMDIFrameWnd::ActivateChild(CMDIChildWnd& child) {
   if (::IsIconic(child.Handle()))
     ::SendMessageW(client_, WM_MDIRESTORE, reinterpret_cast<WPARAM>(child.Handle()), 0);
@@ -110,6 +149,8 @@ LRESULT CMDIFrameWnd::DefaultProc(UINT message, WPARAM w, LPARAM l) {
 bool CMDIChildWnd::CreateChild(CMDIFrameWnd& frame, const WindowClass& windowClass, std::string_view title,
                                DWORD style, bool maximised) {
   frame_ = &frame;
+  bool isDeferred = frame.DefersMaximising();
+  if (isDeferred && std::exchange(maximised, false)) frame.maximisesWhenShown_ = true;
   WindowSpec spec;
   spec.title = ToWide(title);
   spec.style = WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | WS_OVERLAPPEDWINDOW | WS_VISIBLE | style |
@@ -117,7 +158,7 @@ bool CMDIChildWnd::CreateChild(CMDIFrameWnd& frame, const WindowClass& windowCla
   spec.exStyle = WS_EX_MDICHILD;
   spec.parent = frame.Client();
   if (!Create(windowClass, spec)) return false;
-  frame.RefreshTitle();
+  if (!isDeferred) frame.RefreshTitle();
   return true;
 }
 

@@ -39,6 +39,15 @@ class CMDIFrameWnd : public CWnd {
   // Lets the title of the frame name the active child if that is maximised.
   void RefreshTitle() const;
 
+  // Hides the children while many of them come or go, and shows them again. A child that is made meanwhile is
+  // maximised only when they are shown: to make a maximised one, the system restores the one before it and
+  // draws the frame anew.
+  void HideChildren();
+  void ShowChildren();
+
+  // Destroys every child without a question.
+  void DestroyChildren();
+
   void ActivateChild(CMDIChildWnd& child);
   void MaximiseChild(CMDIChildWnd& child);
 
@@ -66,8 +75,13 @@ class CMDIFrameWnd : public CWnd {
   static constexpr UINT kFirstWindowId = 0xFF00;
 
  private:
+  bool DefersMaximising();
+
   HWND client_ = nullptr;
   std::vector<CommandTarget*> targets_;
+  bool maximisesWhenShown_ = false;
+
+  friend class CMDIChildWnd;
 };
 
 class CMDIChildWnd : public CWnd {

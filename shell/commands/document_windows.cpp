@@ -72,10 +72,7 @@ void DocumentWindows::OnCloseAll() {
 
 void DocumentWindows::CloseAll() {
   WaitState wait(services_.waiting, true);
-  frame_.ForEachChild([this](CMDIChildWnd& child) {
-    ::SendMessageW(frame_.Client(), WM_MDIDESTROY, reinterpret_cast<WPARAM>(child.Handle()), 0);
-    return true;
-  });
+  frame_.DestroyChildren();
 }
 
 void DocumentWindows::OnSelector() {

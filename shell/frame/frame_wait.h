@@ -20,8 +20,6 @@ class FrameWait final : public Waiting {
   void EndWait() override;
 
  private:
-  void ShowWindows();
-
   CMDIFrameWnd& frame_;
   CWinSelector& selector_;
   HCURSOR cursorBefore_ = nullptr;
