@@ -44,8 +44,9 @@ endif()
 if(TARROW_FUZZ)
   # Clang warns of asking an array for its address before it is filled; GCC, which builds what ships, does not.
   target_compile_options(tarrow_flags INTERFACE -Wno-uninitialized
-    -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -g)
-  target_link_options(tarrow_flags INTERFACE -fsanitize=address,undefined)
+    -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -g
+    -fprofile-instr-generate -fcoverage-mapping)
+  target_link_options(tarrow_flags INTERFACE -fsanitize=address,undefined -fprofile-instr-generate)
   target_compile_definitions(tarrow_flags INTERFACE TARROW_CHECKED=1)
 endif()
 

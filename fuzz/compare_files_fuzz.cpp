@@ -1,6 +1,7 @@
 // Two files, split at the first 0xFF: the comparison is the naive one's, and its patch gives the second file.
 #include "tools/comparison/compare_files.h"
 
+#include "fuzz/long_input.h"
 #include "tests/tools/comparison/naive_comparison.h"
 
 #include <cstdint>
@@ -22,7 +23,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::string bytes(reinterpret_cast<const char*>(data), size);
   std::uint64_t limit = data[0] * 16;
   std::size_t split = std::min(bytes.find('\xFF', 1), bytes.size());
-  std::string first = bytes.substr(1, split - 1), second = bytes.substr(std::min(split + 1, bytes.size()));
+  std::uint8_t length = size > 1 ? data[1] : 0;
+  std::string first = tarrow::LongInput(std::string_view(bytes).substr(1, split - 1), length, 128 << 10),
+              second = tarrow::LongInput(std::string_view(bytes).substr(std::min(split + 1, bytes.size())),
+                                         length, 128 << 10);
   if (Compare(first, second, {.memoryLimit = limit}) != tarrow::NaiveComparison(first, second, limit))
     std::abort();
   tarrow::ComparisonOptions patch{tarrow::ComparisonForm::kPatch, "\n", limit};

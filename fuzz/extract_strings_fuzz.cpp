@@ -1,8 +1,9 @@
-// A pattern, its end marked by a 0xFF, and bytes: what is extracted stands in the file where it is said to,
-// in order, and the fast scan finds what trying every place finds.
+// A pattern (the default one if there is none), its end marked by a 0xFF, and bytes: what is extracted stands
+// in the file where it is said to, in order, and the fast scan finds what trying every place finds.
 #include "tools/extraction/extract_strings.h"
 
 #include "base/exceptions.h"
+#include "fuzz/long_input.h"
 #include "search/pattern/anchored_scan.h"
 #include "search/pattern/regex_compiler.h"
 #include "search/pattern/regex_matcher.h"
@@ -41,7 +42,10 @@ struct Pattern final : tarrow::AnchoredPattern {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   std::string_view input(reinterpret_cast<const char*>(data), size);
   std::string_view text = input.substr(0, input.find('\xFF'));
-  std::string_view bytes = input.substr(std::min(text.size() + 1, input.size()));
+  std::string_view rest = input.substr(std::min(text.size() + 1, input.size()));
+  std::string bytes =
+      tarrow::LongInput(rest, rest.empty() ? 0 : static_cast<std::uint8_t>(rest[0]), 33 << 10);
+  if (text.empty()) text = tarrow::kDefaultStringPattern;
   Pattern pattern;
   if (tarrow::CompilePattern(text, pattern.fast) != tarrow::PatternError::kNone) return 0;
   if (tarrow::CompilePattern(text, pattern.slow) != tarrow::PatternError::kNone) std::abort();
@@ -54,7 +58,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   // Each line names an offset behind the one before, and shows what stands there.
   std::size_t at = 0, end = 0;
-  for (std::string_view rest = out.text; !rest.empty();) {
+  for (rest = out.text; !rest.empty();) {
     if (!rest.starts_with("f(0x")) std::abort();
     at = std::strtoull(rest.data() + 4, nullptr, 16);
     rest.remove_prefix(rest.find("): ") + 3);

@@ -1,6 +1,7 @@
 // Any bytes are a text file: its lines are the naive splitter's, and reading them never leaves the buffer.
 #include "viewer/records/record_file.h"
 
+#include "fuzz/long_input.h"
 #include "tests/viewer/records/naive_lines.h"
 
 #include <cstdint>
@@ -9,7 +10,9 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size < 1) return 0;
-  std::string_view bytes(reinterpret_cast<const char*>(data) + 1, size - 1);
+  std::string text =
+      tarrow::LongInput({reinterpret_cast<const char*>(data) + 1, size - 1}, data[0], 33 << 10);
+  std::string_view bytes = text;
   tarrow::NaiveLines naive = tarrow::ScanNaively(bytes, true);
   tarrow::CLineFile file(data[0] % 10);
   if (file.Open(std::make_unique<tarrow::StringSource>(bytes)) != tarrow::RecordFileOutcome::kOpened)

@@ -42,6 +42,23 @@ class Input {
   std::string_view bytes_;
 };
 
+// Several replacements from the start to the end as one list.
+void ApplyList(Input& input, TextBuffer& buffer, std::string& model) {
+  EditList edits;
+  std::string after;
+  std::size_t done = 0;
+  for (std::size_t n = input.Number(6); n > 0; --n) {
+    std::size_t start = done + input.Number(model.size() - done),
+                end = start + input.Number(model.size() - start);
+    std::string text = input.Text(input.Number(4));
+    edits.Add({BytePos(static_cast<std::int64_t>(start)), BytePos(static_cast<std::int64_t>(end))}, text);
+    after += model.substr(done, start - done) + text;
+    done = end;
+  }
+  buffer.Apply(edits);
+  if (!edits.Empty()) model = after + model.substr(done);
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -49,7 +66,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   TextBuffer buffer;
   std::string model;
   while (!input.Empty()) {
-    std::size_t kind = input.Number(4);
+    std::size_t kind = input.Number(5);
+    if (kind == 5) {
+      ApplyList(input, buffer, model);
+      ExpectIs(buffer, model);
+      continue;
+    }
     std::size_t start = input.Number(model.size()), length = input.Number(model.size() - start);
     if (kind == 4) {
       bool could = buffer.UndoLast().has_value();

@@ -11,6 +11,7 @@ import subprocess
 import sys
 import time
 
+import fuzz_coverage
 import workshop
 from workshop import BUILD, LOGS, ROOT, Failure
 
@@ -122,14 +123,20 @@ def sanitize(outcome):
 
 
 def fuzz(outcome):
-    """A few seconds of each fuzzer: enough that none of them rots."""
+    """A few seconds of each fuzzer: enough that none of them rots, and to see that it reaches its engine."""
     workshop.build("fuzz")
     folder = BUILD / "fuzz" / "fuzz"
     for fuzzer in sorted(path for path in folder.iterdir() if path.is_file() and os.access(path, os.X_OK)):
         findings = BUILD / "fuzz" / "findings"
         findings.mkdir(exist_ok=True)
+        profile = findings / f"{fuzzer.name}.profraw"
         outcome.check(fuzzer.name, [fuzzer, f"-max_total_time={FUZZ_SECONDS}", "-rss_limit_mb=4096",
-                                    "-verbosity=0", f"-artifact_prefix={findings}/"], timeout=120)
+                                    "-verbosity=0", f"-artifact_prefix={findings}/"], timeout=120,
+                      env=os.environ | {"LLVM_PROFILE_FILE": str(profile)})
+        if text := fuzz_coverage.shortfall(fuzzer, profile):
+            outcome.failures.append(text)
+        else:
+            outcome.passed += 1
 
 
 def windows(outcome):

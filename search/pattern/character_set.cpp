@@ -19,8 +19,10 @@ int LeadOf(char32_t code) {
 
 }  // namespace
 
+// Not every system knows that the sigma at the end of a word is one.
 char32_t FoldBeyondAscii(char32_t code) {
-  char32_t upper = ConvertCase(code, LetterCase::kUpper);
+  static constexpr char32_t kFinalSigma = 0x3C2, kSigma = 0x3C3;
+  char32_t upper = ConvertCase(code == kFinalSigma ? kSigma : code, LetterCase::kUpper);
   return upper < 0x80 ? code : upper;
 }
 

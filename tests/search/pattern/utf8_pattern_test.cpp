@@ -160,7 +160,7 @@ TEST(Utf8Pattern, SaysTooComplexOfASetThatIsTooLong) {
 // In a text that is all ASCII a pattern for UTF-8 comes to what the pattern of bytes comes to, limits too.
 TEST(Utf8Pattern, IsThePatternOfBytesInAscii) {
   RandomPatterns random(41);
-  for (int i = 0; i < 20'000; ++i) {
+  for (int i = 0; i < 6'000; ++i) {
     std::string source = random.Pattern(), text = random.Text();
     std::erase(text, '\xE9');
     FindOptions options{.matchCase = random.Below(3) > 0, .wholeWord = random.Below(4) == 0};
@@ -215,7 +215,7 @@ std::string RandomPieces(RandomPatterns& random, std::initializer_list<const cha
 TEST(Utf8Pattern, AgreesWithTheSameTextInACodePage) {
   RandomPatterns random(1821);
   int compared = 0, found = 0;
-  while (compared < 30'000) {
+  while (compared < 8'000) {
     std::string source =
         RandomPieces(random, {"a",   "é",     "É",    "€",        "ü",       "aé",    "é*", "é+",   ".", ".*",
                               "[é]", "[éü]*", "[^é]", "[^a]*",    "[a-z]",   "[é-ü]", "*",  "+",    "?", "^",
@@ -247,7 +247,7 @@ TEST(Utf8Pattern, AgreesWithTheSameTextInACodePage) {
     ++found;
     ASSERT_EQ(actual, text.InUtf8(expected)) << source << " in " << Quoted(text.utf8);
   }
-  EXPECT_GT(found, 4000);
+  EXPECT_GT(found, 1000);
 }
 
 }  // namespace
