@@ -14,6 +14,9 @@
 #include "ui/program/private_messages.h"
 #include "ui/program/string_ids.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace tarrow {
 namespace {
 
@@ -58,6 +61,14 @@ PlaceFinder PlacesIn(std::string directory) {
       return FileExists(path) && !IsDirectory(path);
     });
   };
+}
+
+TextBuffer BufferOf(std::string_view text) {
+  TextBuffer buffer;
+  auto size = static_cast<std::int64_t>(text.size());
+  std::ranges::copy(text, buffer.PrepareLoad(size).begin());
+  buffer.FinishLoad(size);
+  return buffer;
 }
 
 }  // namespace
@@ -108,10 +119,19 @@ void CommandRunner::OnEnded(DWORD exitCode, DWORD error) {
   response_.Remove();
   if (error != 0)
     program_.messages.ShowMessageBox(nullptr, MB_ICONEXCLAMATION, kTextCreateProcess, {error, commandLine_});
-  if (exitCode != 0)
-    ShowOutput();
-  else if (output_.Size() == 0)
-    output_.Remove();
+  try {
+    if (exitCode != 0)
+      ShowOutput();
+    else if (output_.Size() == 0)
+      output_.Remove();
+  } catch (...) {
+    Announce(exitCode);
+    throw;
+  }
+  Announce(exitCode);
+}
+
+void CommandRunner::Announce(DWORD exitCode) {
   program_.messages.Alert(exitCode != 0 ? MB_ICONSTOP : MB_OK);
   program_.status.ShowStatusId(exitCode != 0 ? kTextTaskFailed : kTextTaskSucceeded, kStatusSeconds);
 }
@@ -126,7 +146,7 @@ void CommandRunner::ShowOutput() {
   std::string text = ToolOutputText(ReadWholeFile(output_.Path()), SystemCodePage(), OemCodePage());
   CTwLog* log = program_.documents.NewResultWindow(LoadText(kTextLogTitle), PlacesIn(directory_));
   if (!log) return;
-  log->Sink().Write(text);
+  log->Control().Adopt(BufferOf(text));
   log->Finish();
   output_.Remove();
 }

@@ -40,6 +40,7 @@ class CommandRunner {
 
  private:
   void ShowTask(bool isRunning);
+  void Announce(DWORD exitCode);
 
   const DocumentServices& program_;
   const std::string& home_;

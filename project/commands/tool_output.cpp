@@ -1,7 +1,10 @@
 #include "project/commands/tool_output.h"
 
+#include "base/byte_scan.h"
 #include "base/utf16.h"
 #include "edit/text/letters.h"
+
+#include <utility>
 
 namespace tarrow {
 namespace {
@@ -58,12 +61,18 @@ std::string FromOem(std::string_view bytes, const CodePage& oem) {
   return out;
 }
 
+bool HasLoneLf(std::string_view bytes) {
+  for (std::size_t at = 0; (at += FindByte(bytes.substr(at), '\n')) < bytes.size(); ++at)
+    if (at == 0 || bytes[at - 1] != '\r') return true;
+  return false;
+}
+
 std::string WithLineEnds(std::string_view bytes) {
   std::string out;
   out.reserve(bytes.size() + bytes.size() / 16);
   while (!bytes.empty()) {
-    std::size_t end = bytes.find('\n');
-    if (end == bytes.npos) return out.append(bytes);
+    std::size_t end = FindByte(bytes, '\n');
+    if (end == bytes.size()) return out.append(bytes);
     std::string_view line = bytes.substr(0, end);
     if (line.ends_with('\r')) line.remove_suffix(1);
     out.append(line).append("\r\n");
@@ -75,7 +84,7 @@ std::string WithLineEnds(std::string_view bytes) {
 }  // namespace
 
 OutputCharset TellOutputCharset(std::string_view bytes, const CodePage& ansi, const CodePage& oem) {
-  if (IsUtf8(bytes)) return OutputCharset::kUtf8;
+  if (IsUtf8(bytes.substr(FindHighByte(bytes)))) return OutputCharset::kUtf8;
   if (ansi.single == oem.single || oem.decodePair) return OutputCharset::kAnsi;
   std::int64_t evidence = 0;
   for (std::size_t at = 0; at < bytes.size(); ++at)
@@ -83,9 +92,9 @@ OutputCharset TellOutputCharset(std::string_view bytes, const CodePage& ansi, co
   return evidence > 0 ? OutputCharset::kAnsi : OutputCharset::kOem;
 }
 
-std::string ToolOutputText(std::string_view bytes, const CodePage& ansi, const CodePage& oem) {
-  if (TellOutputCharset(bytes, ansi, oem) != OutputCharset::kOem) return WithLineEnds(bytes);
-  return WithLineEnds(FromOem(bytes, oem));
+std::string ToolOutputText(std::string bytes, const CodePage& ansi, const CodePage& oem) {
+  if (TellOutputCharset(bytes, ansi, oem) == OutputCharset::kOem) bytes = FromOem(bytes, oem);
+  return HasLoneLf(bytes) ? WithLineEnds(bytes) : std::move(bytes);
 }
 
 }  // namespace tarrow

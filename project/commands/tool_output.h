@@ -19,6 +19,6 @@ enum class OutputCharset { kUtf8, kAnsi, kOem };
 
 // The output with CR LF at the end of every line. UTF-8 and ANSI stay the bytes that they are; of OEM, every
 // character becomes UTF-8.
-[[nodiscard]] std::string ToolOutputText(std::string_view bytes, const CodePage& ansi, const CodePage& oem);
+[[nodiscard]] std::string ToolOutputText(std::string bytes, const CodePage& ansi, const CodePage& oem);
 
 }  // namespace tarrow

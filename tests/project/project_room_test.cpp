@@ -17,6 +17,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <chrono>
+#include <functional>
+
 namespace tarrow {
 namespace {
 
@@ -178,6 +182,30 @@ TEST_F(ProjectRoomTest, TheLogLeadsToTheFilesOfTheCommand) {
   EXPECT_EQ(edit->Path(), place.name);
   EXPECT_EQ(1u, place.position);
   EXPECT_EQ(6u, place.column);
+}
+
+double Milliseconds(const std::function<void()>& work) {
+  auto start = std::chrono::steady_clock::now();
+  work();
+  return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+}
+
+// Ten megabytes of output open about as fast as a file of that size does.
+TEST_F(ProjectRoomTest, MuchOutputOpensLikeAFile) {
+  SetBuilder("flood 10");
+  std::string path = scratch.Make("big.txt", "");
+  double shown = 1e9, opened = 1e9;
+  for (int i = 0; i < 2 || (i < 6 && shown > 2 * opened); ++i) {
+    ASSERT_TRUE(RunToEnd(kProjectBuild));
+    shown = std::min(shown, Milliseconds([&] { Run(kProjectViewLog); }));
+    scratch.Make("big.txt", LogText());
+    if (edit) edit->Destroy();
+    opened = std::min(opened, Milliseconds([&] { Open(path); }));
+    ASSERT_EQ(LogText().size(), static_cast<std::size_t>(edit->Control().View().Size()));
+  }
+  RecordProperty("shown", std::to_string(shown));
+  RecordProperty("opened", std::to_string(opened));
+  EXPECT_LE(shown, 2 * opened);
 }
 
 TEST_F(ProjectRoomTest, ManyCommandsLeaveNoFiles) {

@@ -1,5 +1,8 @@
 """Projects: opened and left, their tools run, and what these say."""
 
+import os
+import subprocess
+
 from driver import BUILD
 from tarrow import FLAG_BACKUP, Scenario, shown_path
 from workshop import windows_path
@@ -101,6 +104,24 @@ class Commands(ProjectScenario):
         self.assertEqual(len(self.leftovers()), 1)
         self.start()
         self.stage.wait(lambda: not self.leftovers(), "the next start to clean up")
+
+
+class Wrapper(ProjectScenario):
+    def test_a_full_disk_is_an_error(self):
+        if os.geteuid() != 0:
+            self.skipTest("only root can mount a small disk")
+        disk = self.folder / "disk"
+        disk.mkdir()
+        subprocess.run(["mount", "-t", "tmpfs", "-o", "size=256k", "tmpfs", disk], check=True)
+        self.addCleanup(subprocess.run, ["umount", "-l", disk], check=True)
+        wrapper = BUILD / self.stage.width / "nt" / "projexec.exe"
+        output = disk / "output"
+        process = self.stage.wine.start([wrapper, windows_path(output), *self.tool("flood", "1").split()],
+                                        cwd=self.folder, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE)
+        _, said = process.communicate(timeout=20)
+        self.assertEqual(process.returncode, 1)
+        self.assertIn(b"no room for", said)
+        self.assertTrue(output.read_bytes().startswith(b"sixty-two characters"))
 
 
 class Selecting(ProjectScenario):

@@ -73,7 +73,7 @@ TEST(ToolOutput, BecomesText) {
       ToolOutputText("ge\xF6"
                      "ffnet\n",
                      ansi, oem));
-  EXPECT_EQ(std::string("a\0b", 3), ToolOutputText(std::string_view("a\0b", 3), ansi, oem));
+  EXPECT_EQ(std::string("a\0b", 3), ToolOutputText(std::string("a\0b", 3), ansi, oem));
 }
 
 }  // namespace
