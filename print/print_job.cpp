@@ -22,9 +22,9 @@ BOOL CALLBACK AbortProc(HDC, int) {
 class SpooledJob {
  public:
   SpooledJob(const PrintJob& job, CPrintingDialog& dialog) : printer_(job.printer) {
+    std::wstring title = ToWide(job.title);
     currentDialog = &dialog;
     ::SetAbortProc(printer_, AbortProc);
-    std::wstring title = ToWide(job.title);
     DOCINFOW info{sizeof info, title.c_str(), job.toFile ? L"FILE:" : nullptr, nullptr, 0};
     if (::StartDocW(printer_, &info) > 0) return;
     // Whoever is asked for the name of a file may refuse, too.

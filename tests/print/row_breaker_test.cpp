@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <numeric>
 #include <random>
 
 namespace tarrow {
@@ -131,6 +132,32 @@ TEST(RowBreaker, ARowOfMarksEnds) {
   std::string marks;
   for (int i = 0; i < 10000; ++i) marks += "\xCC\x81";
   EXPECT_EQ(Rows({marks}, 6).size(), 3u);
+}
+
+// Whatever the bytes, every character is drawn once, in order, and no row is wider than it may be.
+TEST(RowBreaker, LosesNothing) {
+  std::mt19937 random(9);
+  const std::vector<std::string> kParts = {"a",        "bc",           " ",        "\t",   "\f",
+                                           "\xC3\xA9", "\xE6\x97\xA5", "\xCC\x81", "\xFF", "\xD7\x90"};
+  CellWidths widths;
+  Charset utf8;
+  for (int round = 0; round < 3000; ++round) {
+    std::string line;
+    for (std::size_t i = random() % 30; i > 0; --i) line += kParts[random() % kParts.size()];
+    int columns = 2 + static_cast<int>(random() % 10);
+    RowBreaker breaker(widths, columns * kCell, kTab * kCell);
+    std::u16string drawn, wanted = utf8.ToWide(std::string_view(line));
+    std::erase_if(wanted, [](char16_t unit) { return unit == u'\t' || unit == u'\f'; });
+    breaker.BeginLine(std::string_view(line), utf8);
+    while (breaker.NextRow()) {
+      for (const PrintedPiece& piece : breaker.Pieces()) {
+        drawn += piece.text;
+        ASSERT_LE(std::accumulate(piece.advances.begin(), piece.advances.end(), piece.x), columns * kCell);
+      }
+      ASSERT_LE(breaker.Width(), columns * kCell);
+    }
+    ASSERT_EQ(drawn, wanted) << line;
+  }
 }
 
 // Expanding all tabs and cutting the cells into rows, for any line of characters that are one cell wide.

@@ -37,7 +37,9 @@ LOGFONTW ToLogFont(const FontChoice& choice) {
   return font;
 }
 
-// The stock font has the size of the screen's dots, on paper a millimetre; only its face is taken.
+// The stock font has the size of the screen's dots, on paper a millimetre; only its face is taken. A
+// printer's own font of that name may have no more than the letters of the West, an outline font has other
+// scripts too.
 LOGFONTW PrinterLogFont(const FontChoice& choice, int dpi) {
   LOGFONTW font = FixedFont(choice);
   if (*font.lfFaceName) return font;
@@ -45,7 +47,7 @@ LOGFONTW PrinterLogFont(const FontChoice& choice, int dpi) {
   ::GetObjectW(::GetStockObject(ANSI_FIXED_FONT), sizeof stock, &stock);
   std::copy(std::begin(stock.lfFaceName), std::end(stock.lfFaceName), font.lfFaceName);
   font.lfHeight = -::MulDiv(kPrinterPoints, dpi, kPointsPerInch);
-  font.lfOutPrecision = OUT_TT_PRECIS;
+  font.lfOutPrecision = OUT_TT_ONLY_PRECIS;
   font.lfPitchAndFamily = FIXED_PITCH | FF_MODERN;
   font.lfCharSet = DEFAULT_CHARSET;
   return font;

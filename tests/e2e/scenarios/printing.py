@@ -344,7 +344,41 @@ class PageSetup(Printing):
         self.assertNotIn("pageheader", self.read_settings()["settings"])
 
 
+class PrinterFont(Printing):
+    def test_the_chosen_font_has_its_size_on_paper(self):
+        self.write_settings(PrinterFont="DejaVu Sans Mono,-100,400,0")
+        program = self.start()
+        program.command("Set:Global")
+        settings = program.dialog("Spacing")
+        program.push(settings, "Printer Font...")
+        font = program.dialog("Size:")
+        # Twelve points are a hundred dots; ten are eighty-three.
+        self.stage.wait(lambda: program.window(font).find(text="12"), "the size of the stored font")
+        program.press(font, "OK")
+        program.press(settings, "Apply")
+        self.assertEqual(program.close_and_end(), 0)
+        self.assertEqual(self.read_settings()["settings"]["printerfont"], "DejaVu Sans Mono,-100,400,0")
+
+    def test_without_one_the_text_has_ten_points(self):
+        self.write_settings({"Settings": {"Flags": f"{self.flags:b}"}})
+        page, = self.pages_of(b"line\r\nline\r\n")
+        first, second = (word for word in page if word.text == "line")
+        self.assert_near(page.base_line(second) - page.base_line(first), HEIGHT, "height of a line")
+
+
 class NoPrinter(Printing):
+    def test_a_job_that_the_spooler_refuses_is_reported(self):
+        program, path = self.open("a.txt", b"text\r\n")
+        program.command("File:Print")
+        dialog = program.dialog("Print range")
+        self.stage.printer.stop_serving()
+        try:
+            program.press(dialog, "OK")
+            program.answer("Cannot print a.txt!", "OK")
+            program.wait_file(path)
+        finally:
+            self.stage.printer.serve()
+
     def test_a_printer_that_is_not_there_is_named(self):
         self.stage.printer.stop_serving()
         try:
