@@ -45,6 +45,24 @@ bool TakenByWindow(const MSG& message) {
   return window && window->PreDispatch(message);
 }
 
+// Whether a message may have changed what the user can do. The blinking of a caret, painting, and the mouse
+// on its way across the windows do not.
+bool IsOfConsequence(UINT message) {
+  constexpr UINT kSystemTimer = 0x118;
+  switch (message) {
+    case WM_TIMER:
+    case kSystemTimer:
+    case WM_PAINT:
+    case WM_MOUSEMOVE:
+    case WM_NCMOUSEMOVE:
+    case WM_MOUSELEAVE:
+    case WM_NCMOUSELEAVE:
+      return false;
+    default:
+      return true;
+  }
+}
+
 }  // namespace
 
 void MessageLoop::AddModeless(HWND dialog) {
@@ -60,16 +78,16 @@ void MessageLoop::Handle(MSG& message, const Targets& targets) {
 
 int MessageLoop::Run(const Targets& targets, const std::function<void()>& idle) {
   MSG message{};
-  bool idled = false;
+  bool wantsIdle = true;
   for (;;) {
-    if (!idled && !::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE)) {
+    if (wantsIdle && !::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE)) {
       if (idle) idle();
-      idled = true;
+      wantsIdle = false;
     }
     BOOL more = ::GetMessageW(&message, nullptr, 0, 0);
     if (more <= 0) return static_cast<int>(message.wParam);
     Handle(message, targets);
-    idled = false;
+    wantsIdle = wantsIdle || IsOfConsequence(message.message);
   }
 }
 

@@ -2,7 +2,8 @@
 //
 // In order: the modeless dialogs (for their Tab, Enter and Escape), the keys that run commands, the MDI keys,
 // the window itself (CWnd::PreDispatch: a text control takes its characters here, while they still are
-// UTF-16), then dispatch. When the queue is empty, the idle routine runs once.
+// UTF-16), then dispatch. When the queue is empty, the idle routine runs once, unless nothing has come but
+// timers, painting and movements of the mouse.
 #pragma once
 
 #include <windows.h>

@@ -21,12 +21,23 @@ FontWidths::FontWidths(HFONT font, HDC device)
   TEXTMETRICW metrics{};
   OnDevice([&](HDC dc) {
     ::GetTextMetricsW(dc, &metrics);
-    for (char32_t code = 0; code < ascii_.size(); ++code) ascii_[code] = Measure(dc, DisplayedCode(code));
+    MeasureAscii(dc);
   });
   lineHeight_ = std::max<int>(1, metrics.tmHeight + metrics.tmExternalLeading);
   averageWidth_ = std::max<int>(1, metrics.tmAveCharWidth);
   bool isFixed = std::all_of(ascii_.begin(), ascii_.end(), [&](int width) { return width == ascii_['x']; });
   if (isFixed) averageWidth_ = commonWidth_ = ascii_['x'];
+}
+
+// All in one call: every window measures its font when it is opened.
+void FontWidths::MeasureAscii(HDC dc) {
+  std::array<wchar_t, 128> text{};
+  for (char32_t code = 0; code < text.size(); ++code) text[code] = static_cast<wchar_t>(DisplayedCode(code));
+  SIZE size{};
+  auto count = static_cast<int>(text.size());
+  ::GetTextExtentExPointW(dc, text.data(), count, 0, nullptr, ascii_.data(), &size);
+  for (std::size_t i = ascii_.size(); i-- > 1;) ascii_[i] -= ascii_[i - 1];
+  for (int& width : ascii_) width = std::max(1, width);
 }
 
 int FontWidths::Measure(HDC dc, char32_t code) const {

@@ -27,6 +27,7 @@ class FontWidths final : public CharWidths {
   bool ReachesBack(char32_t mark) const override;
 
  private:
+  void MeasureAscii(HDC dc);
   int Measure(HDC dc, char32_t code) const;
   template <typename Action>
   auto OnDevice(Action action) const;

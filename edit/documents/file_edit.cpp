@@ -118,6 +118,8 @@ void CTwFileEdit::OnLButtonDblClk(UINT, POINT) {
 
 void CTwFileEdit::OnChange() {
   SetModified(true);
+  // A change by another program comes past the queue; the tool bar follows what comes through it.
+  if (::InSendMessage()) Frame().Post(WM_NULL);
 }
 
 void CTwFileEdit::SetModified(bool modified) {

@@ -41,6 +41,8 @@ bool CTwFrame::CreateMain(const RECT& bounds) {
 bool CTwFrame::OnCreate(const CREATESTRUCTW&) {
   if (!CreateClient(nullptr)) return false;
   bars_.Create();
+  // So that Paste follows the clipboard, without being asked over and over.
+  ::AddClipboardFormatListener(Handle());
   Post(kShowMenuMessage, static_cast<WPARAM>(MenuBar::kNoDocument));
   return true;
 }
@@ -114,6 +116,7 @@ void CTwFrame::OnInitMenuPopup(HMENU menu, UINT, bool isSystemMenu) {
 }
 
 void CTwFrame::OnDestroy() {
+  ::RemoveClipboardFormatListener(Handle());
   menus_.ReleaseInstalled();
   ::PostQuitMessage(0);
 }
