@@ -75,7 +75,7 @@ class CommandLine(Printing):
         self.assertEqual([printer.title(job) for job in self.job(2)], ["One.txt", "Two.txt"])
 
     def test_nothing_is_seen_of_the_main_window(self):
-        self.write("a.txt", numbered(6000))
+        self.write("a.txt", numbered(600))
         program = self.launch("-p", "a.txt")
         seen = set()
 
@@ -84,7 +84,7 @@ class CommandLine(Printing):
             return program.process.poll() is not None
         self.stage.wait(ended, "the end of the program", seconds=60)
         self.assertNotIn("TarrowFrame", seen)
-        self.assertEqual(len(printer.pages(self.job())), -(-6000 // LINES))
+        self.assertEqual(len(printer.pages(self.job())), -(-600 // LINES))
 
     def test_a_file_that_is_not_there_is_a_failure(self):
         self.write("b.txt", b"text\r\n")
