@@ -113,7 +113,9 @@ LRESULT CDialog::WindowProc(UINT message, WPARAM w, LPARAM l) {
   bool direct = colour || message == WM_COMPAREITEM || message == WM_VKEYTOITEM || message == WM_CHARTOITEM ||
                 message == WM_QUERYDRAGICON;
   if (direct) return result;
-  if (Exists()) ::SetWindowLongPtrW(Handle(), DWLP_MSGRESULT, result);
+  // Setting it costs a call of the system, and a list may send a hundred thousand notifications in a row.
+  if (Exists() && ::GetWindowLongPtrW(Handle(), DWLP_MSGRESULT) != result)
+    ::SetWindowLongPtrW(Handle(), DWLP_MSGRESULT, result);
   return TRUE;
 }
 

@@ -43,9 +43,11 @@ void FileListView::Attach(HWND control) {
 
 void FileListView::Show(const std::vector<ListedFile>& files, std::string_view directory) {
   Choice choice = TakeChoice();
+  HoldDrawing();
   table_.Assign(files, directory);
   ::SendMessageW(control_, LVM_SETITEMCOUNT, table_.Size(), 0);
   Restore(choice);
+  DrawAgain();
 }
 
 std::vector<std::size_t> FileListView::ChosenRows() const {
@@ -69,6 +71,15 @@ std::size_t FileListView::ChosenCount() const {
 
 void FileListView::ChooseAll() const {
   SetState(static_cast<std::size_t>(-1), LVIS_SELECTED);
+}
+
+void FileListView::HoldDrawing() const {
+  ::SendMessageW(control_, WM_SETREDRAW, FALSE, 0);
+}
+
+void FileListView::DrawAgain() const {
+  ::SendMessageW(control_, WM_SETREDRAW, TRUE, 0);
+  ::InvalidateRect(control_, nullptr, TRUE);
 }
 
 void FileListView::SetState(std::size_t row, UINT state) const {
@@ -138,8 +149,9 @@ void FileListView::SortBy(FileColumn column) {
   Choice choice = TakeChoice();
   table_.SortBy(column, column == table_.SortColumn() && !table_.IsDescending());
   ShowSortArrow();
+  HoldDrawing();
   Restore(choice);
-  ::InvalidateRect(control_, nullptr, FALSE);
+  DrawAgain();
 }
 
 void FileListView::ShowSortArrow() const {

@@ -32,6 +32,10 @@ class FileListView {
   std::size_t ChosenCount() const;
   void ChooseAll() const;
 
+  // Between these the list is not drawn: where a hundred thousand rows change, each would ask for it.
+  void HoldDrawing() const;
+  void DrawAgain() const;
+
   // For WM_NOTIFY of the parent: what the list itself deals with. False for all else.
   bool OnNotify(const NMHDR& header, LPARAM l, LRESULT& result);
 

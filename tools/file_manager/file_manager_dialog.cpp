@@ -102,7 +102,7 @@ LRESULT CFileManagerDialog::OnNotifyMessage(WPARAM, LPARAM l) {
   switch (header.code) {
     case LVN_ITEMCHANGED:
     case LVN_ODSTATECHANGED:
-      if (!std::exchange(countsAreOld_, true)) Post(kChoiceChanged);
+      ChoiceChanges();
       break;
     case LVN_KEYDOWN:
       OnListKey(reinterpret_cast<const NMLVKEYDOWN*>(l)->wVKey);
@@ -120,6 +120,14 @@ LRESULT CFileManagerDialog::OnNotifyMessage(WPARAM, LPARAM l) {
       break;
   }
   return result;
+}
+
+// The first of what may be a hundred thousand changes: the rest is waited for, then counts and list are
+// shown.
+void CFileManagerDialog::ChoiceChanges() {
+  if (std::exchange(countsAreOld_, true)) return;
+  list_.HoldDrawing();
+  Post(kChoiceChanged);
 }
 
 void CFileManagerDialog::OnListKey(UINT key) {
@@ -184,6 +192,7 @@ void CFileManagerDialog::OnBrowse() {
 }
 
 LRESULT CFileManagerDialog::OnChoiceChanged(WPARAM, LPARAM) {
+  list_.DrawAgain();
   ShowCounts();
   return 0;
 }

@@ -63,6 +63,7 @@ class CFileManagerDialog final : public CDialog {
   void OnDestroy();
   void OnRefresh();
   void OnBrowse();
+  void ChoiceChanges();
   void OnListKey(UINT key);
   bool List(const std::string& directory, const std::string& patterns);
   void ListAgain();
