@@ -122,7 +122,6 @@ void CFileView::OnPaint() {
 }
 
 void CFileView::AdaptToFile() {
-  found_.reset();
   Change([](const ViewState& state, ViewPage page, ViewRows& rows) { return WithinRows(state, page, rows); });
   UpdateScrollBars();
   Invalidate();
