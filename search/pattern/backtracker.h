@@ -316,7 +316,7 @@ class Backtracker {
       std::int32_t last = top.last;
       bool wantsByte = next.step == Step::kByte || next.step == Step::kLiteral;
       if (wantsByte && last > top.first) last = text_.FindLast(FirstByte(next), top.first, last + 1);
-      if (program_.isForUtf8) last = Utf8Start(text_, last);
+      if (program_.isForUtf8 && last >= top.first) last = Utf8Start(text_, last);
       ticker_.Tick((top.last - last) / kScannedPerTick);
       if (last < top.first) {
         stack_.Drop(top.last - top.first + 1);
