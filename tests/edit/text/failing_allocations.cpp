@@ -18,8 +18,12 @@ bool Grant() {
   return true;
 }
 
+void* AllocateOrNull(std::size_t size) noexcept {
+  return Grant() ? std::malloc(size ? size : 1) : nullptr;
+}
+
 void* Allocate(std::size_t size) {
-  void* memory = Grant() ? std::malloc(size ? size : 1) : nullptr;
+  void* memory = AllocateOrNull(size);
   if (!memory) throw std::bad_alloc();
   return memory;
 }
@@ -31,6 +35,12 @@ void* operator new(std::size_t size) {
 }
 void* operator new[](std::size_t size) {
   return Allocate(size);
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  return AllocateOrNull(size);
+}
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
+  return AllocateOrNull(size);
 }
 void operator delete(void* memory) noexcept {
   std::free(memory);
