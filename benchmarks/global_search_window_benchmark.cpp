@@ -12,6 +12,7 @@
 #include "framework/unicode.h"
 #include "resources/resource.h"
 #include "shell/program.h"
+#include "tests/fakes/no_settings_files.h"
 #include "ui/commands/commands.h"
 
 #include <atomic>
@@ -23,16 +24,6 @@ namespace {
 constexpr double kGoal = 1 / 1.3;
 constexpr double kFirstResult = 0.2, kAnswer = 0.1;  // seconds
 const std::string kPattern(40, 'm');
-
-// Settings that no file holds.
-class NoFiles final : public SettingsFiles {
- public:
-  IniText ReadGlobal() override { return {}; }
-  void WriteGlobal(const IniText&) override {}
-  bool EnterProject(const std::string&) override { return false; }
-  IniText ReadProject() override { return {}; }
-  void WriteProject(const IniText&) override {}
-};
 
 // A directory of C files that goes when its owner does. Their names are in lower case, as the window has
 // them.
@@ -137,7 +128,7 @@ std::string RunWindow(Program& program, const SourceTree& tree, double& seconds)
 }
 
 void Run(std::size_t files, std::size_t fileSize, int runs) {
-  NoFiles noFiles;
+  NoSettingsFiles noFiles;
   Program program(noFiles);
   Check(program.frame.CreateMain({0, 0, 800, 600}), "frame");
   ::ShowWindow(program.frame.Handle(), SW_SHOW);

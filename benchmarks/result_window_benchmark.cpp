@@ -5,21 +5,12 @@
 #include "framework/file.h"
 #include "framework/unicode.h"
 #include "shell/program.h"
+#include "tests/fakes/no_settings_files.h"
 
 namespace tarrow::bench {
 namespace {
 
 constexpr double kGoal = 1.0 / 3;
-
-// Settings that no file holds.
-class NoFiles final : public SettingsFiles {
- public:
-  IniText ReadGlobal() override { return {}; }
-  void WriteGlobal(const IniText&) override {}
-  bool EnterProject(const std::string&) override { return false; }
-  IniText ReadProject() override { return {}; }
-  void WriteProject(const IniText&) override {}
-};
 
 std::string Line(int number) {
   std::string line = "source_file.c(" + std::to_string(number) + "): ";
@@ -34,7 +25,7 @@ std::string TemporaryPath() {
 }
 
 void Run(int lines) {
-  NoFiles noFiles;
+  NoSettingsFiles noFiles;
   Program program(noFiles);
   Check(program.frame.CreateMain({0, 0, 800, 600}), "frame");
   ::ShowWindow(program.frame.Handle(), SW_SHOW);

@@ -17,6 +17,7 @@ LEAST = {
     "line_file_fuzz": ("viewer/records/line_file.cpp", 70),
     "regex_fuzz": ("search/pattern/", 50),
     "text_buffer_fuzz": ("edit/text/text_buffer.cpp", 50),
+    "view_rows_fuzz": ("viewer/views/", 70),
 }
 
 

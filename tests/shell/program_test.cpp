@@ -3,6 +3,7 @@
 #include "edit/documents/file_edit.h"
 #include "framework/unicode.h"
 #include "shell/state/session.h"
+#include "tests/fakes/no_settings_files.h"
 #include "tests/framework/scratch_directory.h"
 #include "tests/window_pump.h"
 #include "ui/commands/commands.h"
@@ -18,17 +19,6 @@
 
 namespace tarrow {
 namespace {
-
-class NoFiles final : public SettingsFiles {
- public:
-  IniText ReadGlobal() override { return {}; }
-  void WriteGlobal(const IniText& text) override { written = text; }
-  bool EnterProject(const std::string&) override { return false; }
-  IniText ReadProject() override { return {}; }
-  void WriteProject(const IniText&) override {}
-
-  IniText written;
-};
 
 // The real frame, with settings that no file holds.
 class FrameTest : public testing::Test {
@@ -58,7 +48,7 @@ class FrameTest : public testing::Test {
   int MenuCount() const { return ::GetMenuItemCount(::GetMenu(frame.Handle())); }
 
   ScratchDirectory scratch;
-  NoFiles files;
+  NoSettingsFiles files;
   Program program{files};
   CTwFrame& frame = program.frame;
 };
