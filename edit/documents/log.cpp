@@ -28,10 +28,12 @@ constinit const MessageMap CTwLog::kMessageMap =
     MessageMap::Make<&CTwFileEdit::kMessageMap, On<WM_RBUTTONDOWN, &CTwLog::OnRButtonDown>,
                      On<kOpenPlaceMessage, &CTwLog::OnOpenPlace>,
                      OnNotify<CTwFileEdit::kControlId, EN_CHANGE, &CTwLog::OnChange>,
-                     OnCommand<kFileSaveAs, &CTwLog::OnSaveAs>, OnCommand<kEditUndo, &CTwLog::OnRefused>,
-                     OnCommand<kEditCut, &CTwLog::OnRefused>, OnCommand<kEditPaste, &CTwLog::OnRefused>,
-                     OnCommand<kEditShiftLeft, &CTwLog::OnRefused>,
-                     OnCommand<kEditShiftRight, &CTwLog::OnRefused>,
+                     OnCommand<kFileSaveAs, &CTwLog::OnSaveAs>,
+                     OnCommand<kEditUndo, &CTwLog::OnRefused, &CTwLog::CanEdit>,
+                     OnCommand<kEditCut, &CTwLog::OnRefused, &CTwLog::CanEdit>,
+                     OnCommand<kEditPaste, &CTwLog::OnRefused, &CTwLog::CanEdit>,
+                     OnCommand<kEditShiftLeft, &CTwLog::OnRefused, &CTwLog::CanEdit>,
+                     OnCommand<kEditShiftRight, &CTwLog::OnRefused, &CTwLog::CanEdit>,
                      OnCommand<kHelpOnWord, &CTwLog::OnHelp>>();
 
 CTwLog::CTwLog(const DocumentServices& program, PlaceFinder finder)

@@ -66,6 +66,7 @@ class CTwLog final : public CTwFileEdit {
   bool OnTextDoubleClick(BytePos at) override;
   void OnChange() {}
   void OnRefused() { Alert(MB_ICONEXCLAMATION); }
+  bool CanEdit() const { return false; }
   void OnHelp();
   void OnSaveAs();
   void OnRButtonDown(UINT keys, POINT client);

@@ -73,7 +73,11 @@ TEST_F(LogTest, KnowsTheCharactersOfWhatComes) {
 
 TEST_F(LogTest, RefusesToBeEditedAndShowsItsHelp) {
   Open();
-  for (UINT id : {kEditUndo, kEditCut, kEditPaste, kEditShiftLeft, kEditShiftRight}) Run(id);
+  for (UINT id : {kEditUndo, kEditCut, kEditPaste, kEditShiftLeft, kEditShiftRight}) {
+    CommandState state;
+    EXPECT_TRUE(log_->QueryCommand(id, state) && !state.enabled);
+    Run(id);
+  }
   EXPECT_EQ(program_.messages.alerts, std::vector<UINT>(5, MB_ICONEXCLAMATION));
   Run(kHelpOnWord);
   EXPECT_EQ(program_.help.topics, std::vector<unsigned>{5});
