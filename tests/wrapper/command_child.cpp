@@ -69,13 +69,18 @@ BOOL WINAPI Ignore(DWORD) {
   return TRUE;
 }
 
+// Ends as Windows ends a program that takes no notice of Ctrl+C; where Wine does it, the exit code is 0.
+BOOL WINAPI EndInterrupted(DWORD) {
+  ExitProcess(0xC000013A);
+}
+
 int WaitUntilGone(const char* path) {
   while (GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES) Sleep(10);
   return 0;
 }
 
 [[noreturn]] void WaitForever(bool ignoringBreak) {
-  if (ignoringBreak) SetConsoleCtrlHandler(Ignore, TRUE);
+  SetConsoleCtrlHandler(ignoringBreak ? Ignore : EndInterrupted, TRUE);
   WriteLine(STD_OUTPUT_HANDLE, "waiting", static_cast<int>(GetCurrentProcessId()));
   for (;;) Sleep(INFINITE);
 }
