@@ -61,6 +61,15 @@ void ReadGlobalValues(const CProfileStore& store, GlobalSettings& settings) {
   if (store.ReadString(kSettingsSection, "ScreenFont", font)) settings.screenFont = ParseScreenFont(font);
 }
 
+// Values that no file has are what they are for every instance of the program.
+void BeginWithGlobalValues(CProfileStore& store, const GlobalSettings& settings) {
+  std::string value;
+  for (const NumberKey& key : kNumberKeys) {
+    if (store.ReadString(kSettingsSection, key.key, value)) continue;
+    store.BeginWith(kSettingsSection, key.key, NumberText(key.get(settings), key.base));
+  }
+}
+
 void WriteGlobalValues(CProfileStore& store, const GlobalSettings& settings) {
   for (const NumberKey& key : kNumberKeys)
     if (settings.saveSettings || key.always)
@@ -76,9 +85,18 @@ void ReadRecent(CProfileStore& store, int section, std::string_view name, Recent
   }
 }
 
-void WriteRecent(CProfileStore& store, int section, std::string_view name, const RecentList& list) {
+// Writes a list joined with the one that `file` has.
+void WriteRecent(CProfileStore& store, const IniText& file, int section, std::string_view name,
+                 const RecentList& list) {
+  RecentList saved;
+  for (std::size_t i = 1; i <= RecentList::kCapacity; ++i) {
+    auto value = store.ValueIn(file, section, NumberedKey(name, i));
+    if (!value) break;
+    saved.Append(*std::move(value));
+  }
+  RecentList joined = list.JoinedWith(saved);
   std::size_t number = 0;
-  for (const std::string& entry : list.Names())
+  for (const std::string& entry : joined.Names())
     store.WriteString(section, NumberedKey(name, ++number), entry);
 }
 
@@ -111,12 +129,14 @@ void OverlayProject(SettingsFiles& files, CProfileStore& store, const std::strin
 
 // Moves what the store holds to the project's file. Returns why that failed; the store goes on without it.
 std::optional<CFileException> SaveProject(SettingsFiles& files, CProfileStore& store,
-                                          const ProjectState& project) {
+                                          const ProgramSettings& settings) {
+  const ProjectState& project = settings.project;
   store.RemoveKey(kProjectSection, ProjectKey());
   store.WriteString(kProjectSection, FindText(kTextKeyDebugBuild), project.debugBuild ? "1" : "0");
   store.WriteString(kProjectSection, FindText(kTextKeyEnvironment),
                     EnvironmentNames()[static_cast<std::size_t>(project.environment)]);
   IniText file = files.ReadProject();
+  WriteRecent(store, file, kSessionSection, "File", settings.recentFiles);
   file.RemoveKey(store.SectionName(kProjectSection), ProjectKey());
   file.RemoveSection(store.SectionName(kSessionSection));
   store.Save(file);
@@ -151,6 +171,7 @@ void LoadSettings(SettingsFiles& files, CProfileStore& store, bool restoreProjec
       directory.clear();
   }
   ReadGlobalValues(store, settings.global);
+  BeginWithGlobalValues(store, settings.global);
   ReadRecent(store, kSessionSection, "File", settings.recentFiles);
   ReadRecent(store, kProjectSection, "Project", settings.recentProjects);
   for (std::size_t i = 1; i <= RecentList::kCapacity; ++i)
@@ -162,18 +183,19 @@ void SaveSettings(SettingsFiles& files, CProfileStore& store, const ProgramSetti
                   std::string_view window) {
   if (settings.global.saveSettings) store.WriteString(kSettingsSection, "Window", window);
   WriteGlobalValues(store, settings.global);
-  WriteRecent(store, kSessionSection, "File", settings.recentFiles);
 
+  std::unique_ptr<SettingsFiles::Turn> turn = files.TakeTurn();
   IniText global = files.ReadGlobal();
   std::optional<CFileException> failure;
   if (!settings.project.directory.empty()) {
-    failure = SaveProject(files, store, settings.project);
+    failure = SaveProject(files, store, settings);
   } else {
+    WriteRecent(store, global, kSessionSection, "File", settings.recentFiles);
     store.RemoveKey(kProjectSection, ProjectKey());
     global.RemoveKey(store.SectionName(kProjectSection), ProjectKey());
     global.RemoveSection(store.SectionName(kSessionSection));
   }
-  WriteRecent(store, kProjectSection, "Project", settings.recentProjects);
+  WriteRecent(store, global, kProjectSection, "Project", settings.recentProjects);
   store.Save(global);
   files.WriteGlobal(global);
   store.Clear();
