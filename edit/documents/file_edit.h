@@ -85,6 +85,7 @@ class CTwFileEdit : public CTwChild, public Printable, protected EditingOwner {
   void OnLButtonDown(UINT keys, POINT client);
   void OnLButtonDblClk(UINT keys, POINT client);
   void OnChange();
+  void ShowModified(bool modified);
   void OnErrSpace();
   void OnHScroll();
   void OnCaretMoved();

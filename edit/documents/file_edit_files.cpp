@@ -129,7 +129,7 @@ bool CTwFileEdit::SaveUnder(const std::string& path, const std::string& nameOnDi
   std::uint32_t oldFlags = Flags();
   std::string oldPath = Path();
   FileFormat oldFormat = std::exchange(format_, format);
-  SetModified(true);  // so that the text is written in any case
+  ShowModified(true);  // so that the text is written in any case
   SetPath(path);
   if (WriteFile(nameOnDisk)) {
     ChangeWorkingDirectory(Directory());
@@ -140,7 +140,7 @@ bool CTwFileEdit::SaveUnder(const std::string& path, const std::string& nameOnDi
     SetUntitled(oldPath);
   else
     SetPath(oldPath);
-  SetModified((oldFlags & kModified) != 0);
+  ShowModified((oldFlags & kModified) != 0);
   return false;
 }
 

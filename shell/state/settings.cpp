@@ -31,12 +31,13 @@ struct NumberKey {
   const char* key;
   int base;
   std::uint32_t least, most;
-  std::uint32_t (*get)(const GlobalSettings&);
+  std::uint32_t (*get)(const GlobalSettings&);  // none: the program does not change the value
   void (*set)(GlobalSettings&, std::uint32_t);
   bool always = false;  // written even when settings are not to be saved
 };
 
 constexpr std::uint32_t kAny = std::numeric_limits<std::uint32_t>::max();
+constexpr std::uint32_t kMostUndoLevels = 1'000'000;
 
 constexpr NumberKey kNumberKeys[] = {
     {"SaveSettings", 2, 0, kAny, [](const GlobalSettings& s) -> std::uint32_t { return s.saveSettings; },
@@ -51,6 +52,11 @@ constexpr NumberKey kNumberKeys[] = {
      [](GlobalSettings& s, std::uint32_t n) { s.tabSize = static_cast<int>(n); }},
     {"ShiftWidth", 10, 1, 8, [](const GlobalSettings& s) { return static_cast<std::uint32_t>(s.shiftWidth); },
      [](GlobalSettings& s, std::uint32_t n) { s.shiftWidth = static_cast<int>(n); }},
+    {"UndoLevels", 10, 1, kAny, nullptr,
+     [](GlobalSettings& s, std::uint32_t n) {
+       s.undoLevels = static_cast<int>(std::min(n, kMostUndoLevels));
+     }},
+    {"ExpandTabs", 10, 0, 1, nullptr, [](GlobalSettings& s, std::uint32_t n) { s.expandTabs = n == 1; }},
 };
 
 void ReadGlobalValues(const CProfileStore& store, GlobalSettings& settings) {
@@ -65,14 +71,14 @@ void ReadGlobalValues(const CProfileStore& store, GlobalSettings& settings) {
 void BeginWithGlobalValues(CProfileStore& store, const GlobalSettings& settings) {
   std::string value;
   for (const NumberKey& key : kNumberKeys) {
-    if (store.ReadString(kSettingsSection, key.key, value)) continue;
+    if (!key.get || store.ReadString(kSettingsSection, key.key, value)) continue;
     store.BeginWith(kSettingsSection, key.key, NumberText(key.get(settings), key.base));
   }
 }
 
 void WriteGlobalValues(CProfileStore& store, const GlobalSettings& settings) {
   for (const NumberKey& key : kNumberKeys)
-    if (settings.saveSettings || key.always)
+    if (key.get && (settings.saveSettings || key.always))
       store.WriteNumber(kSettingsSection, key.key, key.get(settings), key.base);
 }
 

@@ -68,6 +68,8 @@ TEST(Settings, TakeOnlyValuesInTheirRange) {
   auto shift = [](const GlobalSettings& s) { return s.shiftWidth; };
   auto flags = [](const GlobalSettings& s) { return static_cast<int>(s.flags); };
   auto arrange = [](const GlobalSettings& s) { return static_cast<int>(s.arrange); };
+  auto levels = [](const GlobalSettings& s) { return s.undoLevels; };
+  auto spaces = [](const GlobalSettings& s) { return static_cast<int>(s.expandTabs); };
   auto save = [](const GlobalSettings& s) { return static_cast<int>(s.saveSettings); };
   for (const Case& c : std::initializer_list<Case>{{"TabSize=2", 2, tab},
                                                    {"TabSize=8", 8, tab},
@@ -83,6 +85,13 @@ TEST(Settings, TakeOnlyValuesInTheirRange) {
                                                    {"SaveSettings=1", 1, save},
                                                    {"SaveSettings=10", 0, save},
                                                    {"SaveSettings=0", 0, save},
+                                                   {"UndoLevels=1", 1, levels},
+                                                   {"UndoLevels=0", 1, levels},
+                                                   {"UndoLevels=50", 50, levels},
+                                                   {"UndoLevels=99999999999", 1000000, levels},
+                                                   {"ExpandTabs=1", 1, spaces},
+                                                   {"ExpandTabs=0", 0, spaces},
+                                                   {"ExpandTabs=2", 0, spaces},
                                                    {"TabSize=99999999999999", 8, tab},
                                                    {"TabSize=", 8, tab}}) {
     MemoryFiles files;
@@ -103,6 +112,7 @@ TEST(Settings, ComeBackAsTheyWereSaved) {
   first.settings.recentFiles.Add("c:\\a, b.c");
   first.settings.recentProjects.Add("c:\\p");
   first.Save();
+  EXPECT_EQ("(none)", files.Global("Settings", "UndoLevels")) << "nobody has asked for it";
   EXPECT_EQ("101010101", files.Global("Settings", "Flags"));
   EXPECT_EQ("c.exe", files.Global("Settings", "Calculator"));
   EXPECT_EQ("1", files.Global("Elsewhere", "x"));
