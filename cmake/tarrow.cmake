@@ -32,7 +32,7 @@ if(WIN32)
     WINVER=0x0601 _WIN32_WINNT=0x0601 _WIN32_IE=0x0700)
   # Message-map thunks and GetProcAddress convert between function types on purpose.
   target_compile_options(tarrow_flags INTERFACE -Wno-cast-function-type)
-  target_link_options(tarrow_flags INTERFACE -static -s -Wl,--dynamicbase -Wl,--nxcompat)
+  target_link_options(tarrow_flags INTERFACE -static -s -Wl,--no-insert-timestamp -Wl,--dynamicbase -Wl,--nxcompat)
   if(CMAKE_SIZEOF_VOID_P EQUAL 4)
     target_compile_options(tarrow_flags INTERFACE -msse2 -mfpmath=sse)
     target_link_options(tarrow_flags INTERFACE -Wl,--large-address-aware)
