@@ -1,6 +1,6 @@
-// The version of the program, and the only place where it stands: the resources, the About box, the help book,
-// `tarrowc --version` and the names of the released archives take it from here. Only macros, for the resource
-// compiler reads this file too.
+// The version of the program, and the only place where it stands: the resources, the About box, the help
+// book, `tarrowc --version` and the names of the released archives take it from here. Only macros, for the
+// resource compiler reads this file too.
 #pragma once
 
 #define TARROW_MAJOR 1
