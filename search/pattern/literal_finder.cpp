@@ -32,10 +32,6 @@ constexpr std::array<std::uint8_t, 256> MakeCommonness() {
 
 constexpr std::array<std::uint8_t, 256> kCommonness = MakeCommonness();
 
-// The scan is faster than memory: what it comes to so many bytes later is asked for now, across the ends of
-// pages too, where the machine itself does not look ahead.
-constexpr std::size_t kAhead = 2048;
-
 #if defined(TARROW_AVX2)
 const bool kHasAvx2 = __builtin_cpu_supports("avx2");
 #endif
@@ -106,7 +102,7 @@ unsigned LiteralFinder::NextHits(const char* p, std::size_t& i, std::size_t plac
     return static_cast<unsigned>(_mm_movemask_epi8(both));
   };
   for (; i + 32 <= places; i += 32) {
-    _mm_prefetch(p + i + kAhead, _MM_HINT_T0);
+    _mm_prefetch(p + i + kPrefetchAhead, _MM_HINT_T0);
     if (unsigned hits = hitsAt(p + i) | hitsAt(p + i + 16) << 16) return hits;
   }
   return 0;
@@ -127,7 +123,7 @@ __attribute__((target("avx2"))) unsigned LiteralFinder::NextHitsAvx2(const char*
   const __m256i bit2 = _mm256_set1_epi8(static_cast<char>(second_.caseBit));
   const char *from1 = p + first_.offset, *from2 = p + second_.offset;
   for (; i + 64 <= places; i += 64) {
-    _mm_prefetch(from1 + i + kAhead, _MM_HINT_T0);
+    _mm_prefetch(from1 + i + kPrefetchAhead, _MM_HINT_T0);
     __m256i a = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(from1 + i));
     __m256i b = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(from2 + i));
     __m256i c = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(from1 + i + 32));
