@@ -46,7 +46,7 @@ class CTwFileEdit : public CTwChild, public Printable, protected EditingOwner {
 
   // What a look at the window's file has found. The user is told of a change, and asked once what is to
   // become of the text.
-  void FileSeen(const FileLook& look);
+  void FileSeen(const FileLook& seen);
 
   // The program itself has written the file, or changed its time: that is no news.
   void TakeFileAsKnown();

@@ -23,7 +23,11 @@ void CTwFileEdit::TakeFileAsKnown() {
   if (!Has(kUntitled)) file_.Take(LookAtFile(Path()));
 }
 
-void CTwFileEdit::FileSeen(const FileLook& look) {
+// The window may have saved its text while the look was on its way. The disk has just answered, so it may be
+// asked again here.
+void CTwFileEdit::FileSeen(const FileLook& seen) {
+  if (!file_.IsNews(seen)) return;
+  FileLook look = LookAtFile(Path());
   switch (file_.OnLook(look, Has(kModified))) {
     case FileNews::kNone:
       return;

@@ -9,9 +9,12 @@ void KnownFile::Take(const FileLook& look) {
   kept_ = {};
 }
 
+bool KnownFile::IsNews(const FileLook& look) const {
+  return taken_.found != Found::kUnknown && look.found != Found::kUnknown && look != told_;
+}
+
 FileNews KnownFile::OnLook(const FileLook& look, bool modified) {
-  if (taken_.found == Found::kUnknown || look.found == Found::kUnknown || look == told_)
-    return FileNews::kNone;
+  if (!IsNews(look)) return FileNews::kNone;
   told_ = look;
   if (IsKnown(look)) return FileNews::kNone;
   if (look.found == Found::kNothing) return FileNews::kGone;

@@ -36,6 +36,9 @@ class KnownFile {
   // has none.
   void Take(const FileLook& look);
 
+  // Whether a look has found something that the user has not been told of.
+  [[nodiscard]] bool IsNews(const FileLook& look) const;
+
   // The window comes to the front, its text modified or not.
   [[nodiscard]] FileNews OnLook(const FileLook& look, bool modified);
 

@@ -78,6 +78,14 @@ TEST_F(FileEditDiskTest, KeptIsKeptAndNotAskedAboutAgain) {
   EXPECT_EQ(Front(window, IDCANCEL), Dialogs{}) << "a save of its own is no change";
 }
 
+TEST_F(FileEditDiskTest, ALookThatASaveHasOvertakenIsNoNews) {
+  CTwFileEdit& window = Open("one\r\n");
+  FileLook halfWritten{FileLook::Found::kFile, 2, LookAtFile(path_).modified + 1};
+  program_.messages.answer = IDC_RELOAD;
+  window.FileSeen(halfWritten);
+  EXPECT_EQ(program_.messages.questions, Dialogs{});
+}
+
 TEST_F(FileEditDiskTest, AModifiedTextIsOverwrittenOrReloadedOnlyOnDemand) {
   CTwFileEdit& window = Open("one\r\n");
   window.Control().Replace({BytePos(0), BytePos(0)}, "x");
