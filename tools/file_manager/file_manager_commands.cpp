@@ -146,7 +146,7 @@ void CFileManagerDialog::OnTouch() {
   std::vector<std::size_t> rows = list_.ChosenRows();
   std::vector<std::string> paths = list_.ChosenPaths();
   if (paths.empty() || !OfferToSave(paths)) return;
-  CTouchDialog dialog(SubjectOf(paths), list_.Table()[rows[0]].modified);
+  CTouchDialog dialog(SubjectOf(paths), list_.Table()[rows[0]].entry.modified);
   if (dialog.DoModal(Handle()) != IDOK) return;
   Do(kTextTouchingFiles, paths.size(),
      [&](FileOperations& files) { return files.Touch(paths, dialog.Time()); });
@@ -157,8 +157,8 @@ void CFileManagerDialog::OnAttributes() {
   if (paths.empty() || !OfferToSave(paths)) return;
   std::uint32_t all = ~0u, any = 0;
   for (std::size_t row : list_.ChosenRows()) {
-    all &= list_.Table()[row].attributes;
-    any |= list_.Table()[row].attributes;
+    all &= list_.Table()[row].entry.attributes;
+    any |= list_.Table()[row].entry.attributes;
   }
   CAttributesDialog dialog(SubjectOf(paths), all, any);
   if (dialog.DoModal(Handle()) != IDOK) return;

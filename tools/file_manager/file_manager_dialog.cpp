@@ -8,7 +8,9 @@
 #include "framework/file_system.h"
 #include "framework/text_resources.h"
 #include "resources/resource.h"
+#include "tools/file_manager/operation_desk.h"
 #include "tools/file_manager/regional_text.h"
+#include "ui/program/progress_box.h"
 #include "ui/program/string_ids.h"
 
 #include <utility>
@@ -159,10 +161,7 @@ bool CFileManagerDialog::List(const std::string& directory, const std::string& p
   try {
     std::string full = FullPath(directory);
     if (!IsDirectory(WithoutTrailingSeparators(full))) throw CFileException(FileCause::kBadPath, full);
-    state_.directory = WithoutTrailingSeparators(full);
-    state_.patterns = patterns;
-    ListAgain();
-    return true;
+    return Show(std::string(WithoutTrailingSeparators(full)), patterns);
   } catch (const CFileException&) {
     program_.messages.ShowMessageBox(Handle(), MB_ICONSTOP, kTextBadPath);
     FocusItem(IDC_MANAGED_DIRECTORY);
@@ -172,14 +171,35 @@ bool CFileManagerDialog::List(const std::string& directory, const std::string& p
 
 // Shows the files of the directory and patterns last listed as they are now.
 void CFileManagerDialog::ListAgain() {
+  Show(state_.directory, state_.patterns);
+}
+
+// Lists the files of a directory. False when the user cancels it: the list stays as it was.
+bool CFileManagerDialog::Show(const std::string& directory, const std::string& patterns) {
+  try {
+    std::vector<ListedFile> files = Find(directory, patterns);
+    state_.directory = directory;
+    state_.patterns = patterns;
+    list_.Show(std::move(files), directory);
+    ShowCounts();
+    return true;
+  } catch (const CYieldException&) {
+    TellCancelled(program_.messages, program_.status);
+    return false;
+  }
+}
+
+std::vector<ListedFile> CFileManagerDialog::Find(const std::string& directory, const std::string& patterns) {
+  std::vector<std::string> names = SplitWords(patterns);
+  names.insert(names.begin(), directory);
   WaitState wait(program_.waiting);
-  std::vector<std::string> names = SplitWords(state_.patterns);
-  names.insert(names.begin(), state_.directory);
+  HWND owner = ::IsWindowVisible(Handle()) ? Handle() : program_.frame.Handle();
+  CProgressBox box(owner, FormatTextResource(kTextListing, {directory}));
   DiskLookup disk;
-  CFileDir files(disk);
+  CFileDir files(disk, &box);
+  box.SetCounts([&] { return FormatTextResource(kTextManyFiles, {files.Files().size()}); });
   files.BuildFromNames(names);
-  list_.Show(files.Files(), state_.directory);
-  ShowCounts();
+  return files.TakeFiles();
 }
 
 void CFileManagerDialog::OnBrowse() {
@@ -200,14 +220,12 @@ LRESULT CFileManagerDialog::OnChoiceChanged(WPARAM, LPARAM) {
 void CFileManagerDialog::ShowCounts() {
   countsAreOld_ = false;
   const FileTable& table = list_.Table();
-  std::vector<std::size_t> chosen = list_.ChosenRows();
-  std::uint64_t bytes = 0;
-  for (std::size_t row : chosen) bytes += table[row].size;
+  std::size_t chosen = list_.ChosenCount();
   SetItemText(IDC_MANAGED_COUNTS,
-              chosen.empty()
-                  ? FormatTextResource(kTextListedFiles, {table.Size(), CountText(table.TotalSize())})
-                  : FormatTextResource(kTextChosenFiles, {chosen.size(), table.Size(), CountText(bytes)}));
-  for (int button : kFileButtons) EnableItem(button, !chosen.empty());
+              chosen == 0 ? FormatTextResource(kTextListedFiles, {table.Size(), CountText(table.TotalSize())})
+                          : FormatTextResource(kTextChosenFiles,
+                                               {chosen, table.Size(), CountText(list_.ChosenBytes())}));
+  for (int button : kFileButtons) EnableItem(button, chosen > 0);
 }
 
 }  // namespace tarrow

@@ -67,6 +67,8 @@ class CFileManagerDialog final : public CDialog {
   void OnListKey(UINT key);
   bool List(const std::string& directory, const std::string& patterns);
   void ListAgain();
+  bool Show(const std::string& directory, const std::string& patterns);
+  std::vector<ListedFile> Find(const std::string& directory, const std::string& patterns);
   void SetDefaultButton(int id);
   void ShowCounts();
 

@@ -11,8 +11,11 @@ class WindowsFileDisk final : public FileDisk {
   std::optional<std::uint32_t> Attributes(std::string_view path) override { return lookup_.Attributes(path); }
   bool IsDriveKnown(char letter) override { return lookup_.IsDriveKnown(letter); }
   std::optional<std::string> FullPath(std::string_view path) override { return lookup_.FullPath(path); }
-  std::vector<DirectoryEntry> Find(std::string_view pattern) override { return lookup_.Find(pattern); }
+  void Find(std::string_view pattern, Progress* progress, const EntryUse& use) override {
+    lookup_.Find(pattern, progress, use);
+  }
   std::string Lower(std::string_view path) override { return lookup_.Lower(path); }
+  std::string LowerLetters(std::string_view name) override { return lookup_.LowerLetters(name); }
 
   std::optional<FileState> State(const std::string& path) override;
   bool IsSame(const std::string& a, const std::string& b) override { return SameFile(a, b); }
