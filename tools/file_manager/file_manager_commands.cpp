@@ -127,9 +127,11 @@ void CFileManagerDialog::OnDelete() {
   Delete(Removal::kRecycle);
 }
 
+// All the files are on the drive of the directory.
 void CFileManagerDialog::Delete(Removal removal) {
   std::vector<std::string> paths = list_.ChosenPaths();
   if (paths.empty()) return;
+  if (!HasRecycleBin(WindowsFileDisk::Drive(state_.directory))) removal = Removal::kForGood;
   bool recycles = removal == Removal::kRecycle;
   constexpr UINT kBox = MB_YESNO | MB_ICONQUESTION;
   int answer =

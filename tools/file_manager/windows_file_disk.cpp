@@ -86,6 +86,19 @@ FileCause CauseOfShellError(int error) {
   return FileCauseFromWindows(static_cast<unsigned long>(error));
 }
 
+DriveKind KindOf(UINT type) {
+  switch (type) {
+    case DRIVE_FIXED:
+      return DriveKind::kFixed;
+    case DRIVE_REMOVABLE:
+      return DriveKind::kRemovable;
+    case DRIVE_REMOTE:
+      return DriveKind::kRemote;
+    default:
+      return DriveKind::kOther;
+  }
+}
+
 bool Rename(const std::string& from, const std::string& to, bool replace) {
   return MoveFileExW(CheckedWidePath(from).c_str(), CheckedWidePath(to).c_str(),
                      replace ? MOVEFILE_REPLACE_EXISTING : 0) != 0;
@@ -131,12 +144,21 @@ bool WindowsFileDisk::Move(const std::string& from, const std::string& to, bool 
   throw CFileException(FileCauseFromWindows(error), from);
 }
 
+DriveFacts WindowsFileDisk::Drive(const std::string& directory) {
+  wchar_t root[kMaxPath];
+  if (!GetVolumePathNameW(CheckedWidePath(directory).c_str(), root, kMaxPath)) return {};
+  SHQUERYRBINFO bin{};
+  bin.cbSize = sizeof bin;
+  return {KindOf(GetDriveTypeW(root)), SUCCEEDED(SHQueryRecycleBinW(root, &bin))};
+}
+
+// What does not fit into the bin is gone for good only after a warning of the shell's own.
 void WindowsFileDisk::Recycle(const std::string& path) {
   std::wstring list = CheckedWidePath(path) + L'\0';  // a list of one, ended by a second NUL
   SHFILEOPSTRUCTW operation{};
   operation.wFunc = FO_DELETE;
   operation.pFrom = list.c_str();
-  operation.fFlags = FOF_ALLOWUNDO | FOF_NOCONFIRMATION | FOF_SILENT | FOF_NOERRORUI;
+  operation.fFlags = FOF_ALLOWUNDO | FOF_NOCONFIRMATION | FOF_WANTNUKEWARNING | FOF_SILENT | FOF_NOERRORUI;
   int error = SHFileOperationW(&operation);
   if (error) throw CFileException(CauseOfShellError(error), path);
   if (operation.fAnyOperationsAborted) throw CFileException(FileCause::kGeneric, path);

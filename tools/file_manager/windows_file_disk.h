@@ -3,6 +3,7 @@
 
 #include "framework/file_system.h"
 #include "tools/file_manager/file_disk.h"
+#include "tools/file_manager/recycle_bin.h"
 
 namespace tarrow {
 
@@ -24,6 +25,10 @@ class WindowsFileDisk final : public FileDisk {
   bool Move(const std::string& from, const std::string& to, bool replace) override;
   void Remove(const std::string& path) override { RemoveFile(path); }
   void Recycle(const std::string& path) override;
+
+  // What recycling a file in this directory comes to.
+  [[nodiscard]] static DriveFacts Drive(const std::string& directory);
+
   void SetAttributes(const std::string& path, std::uint32_t attributes) override {
     ChangeAttributes(path, attributes);
   }
