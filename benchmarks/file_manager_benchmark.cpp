@@ -80,11 +80,19 @@ class Managing {
     ::SendMessageW(dialog_.Handle(), WM_NOTIFY, IDC_MANAGED_LIST, reinterpret_cast<LPARAM>(&click));
     Settle();
   }
-  void Choose(LPARAM row, bool chosen) {
+  void ChooseAll() {
+    dialog_.List().ChooseAll();
+    Settle();
+  }
+  void Leave(LPARAM row) {
     LVITEMW item{};
     item.stateMask = LVIS_SELECTED;
-    item.state = chosen ? LVIS_SELECTED : 0;
     ::SendMessageW(List(), LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+    Settle();
+  }
+  // The arrow leaves only the row that it goes to.
+  void PressDown() {
+    ::SendMessageW(List(), WM_KEYDOWN, VK_DOWN, 0);
     Settle();
   }
 
@@ -114,12 +122,16 @@ void Run(int count) {
   std::string what = "file manager, " + std::to_string(count) + " files: ";
   Row({what + "list", listing, "none", 0, "s", 0});
   Show(what + "longest silence", watch.LongestSilence());
-  Show(what + "choose all", Seconds([&] { managing.Choose(-1, true); }));
+  Show(what + "choose all", Seconds([&] { managing.ChooseAll(); }));
   Check(managing.Chosen() == rows, "all");
-  Show(what + "leave one out", Seconds([&] { managing.Choose(count / 2, false); }));
+  Show(what + "leave one out", Seconds([&] { managing.Leave(count / 2); }));
   Show(what + "sort the chosen", Seconds([&] { managing.Sort(FileColumn::kName); }));
   Check(managing.Chosen() == rows - 1, "choice after sorting");
-  Show(what + "choose none", Seconds([&] { managing.Choose(-1, false); }));
+  managing.ChooseAll();
+  Show(what + "sort all", Seconds([&] { managing.Sort(FileColumn::kSize); }));
+  Check(managing.Chosen() == rows, "all are still chosen");
+  Show(what + "choose one instead", Seconds([&] { managing.PressDown(); }));
+  Check(managing.Chosen() == 1, "one");
   Show(what + "sort", Seconds([&] { managing.Sort(FileColumn::kModified); }));
 }
 

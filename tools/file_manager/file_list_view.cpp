@@ -89,8 +89,11 @@ std::uint64_t FileListView::ChosenBytes() const {
   return bytes;
 }
 
+// Wine has each row drawn by itself, where the list is drawn.
 void FileListView::ChooseAll() const {
+  HoldDrawing();
   SetState(kEveryRow, LVIS_SELECTED, LVIS_SELECTED);
+  DrawAgain();
 }
 
 void FileListView::HoldDrawing() const {
@@ -113,24 +116,28 @@ FileListView::Choice FileListView::TakeChoice() const {
   Choice choice;
   for (std::size_t row : ChosenRows()) choice.paths.push_back(table_[row].path);
   std::ranges::sort(choice.paths);
-  LRESULT focused = ::SendMessageW(control_, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED);
-  if (focused >= 0 && static_cast<std::size_t>(focused) < table_.Size())
-    choice.focused = table_[static_cast<std::size_t>(focused)].path;
+  choice.focused = Focused();
   return choice;
 }
 
+// The path of the file that has the focus.
+std::string FileListView::Focused() const {
+  LRESULT row = ::SendMessageW(control_, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED);
+  return row >= 0 && static_cast<std::size_t>(row) < table_.Size()
+             ? table_[static_cast<std::size_t>(row)].path
+             : std::string();
+}
+
 void FileListView::Restore(const Choice& choice) const {
-  SetState(kEveryRow, 0, LVIS_SELECTED | LVIS_FOCUSED);
-  if (table_.Size() == 0) return;
+  SetState(kEveryRow, 0, LVIS_SELECTED);
   Choose(table_.RowsOf(choice.paths));
-  std::vector<std::size_t> focused = table_.RowsOf({choice.focused});
-  Focus(focused.empty() ? 0 : focused[0]);
+  Focus(choice.focused);
 }
 
 // Row by row the lesser part of the list, where it may have a hundred thousand rows.
 void FileListView::Choose(const std::vector<std::size_t>& rows) const {
   bool areMost = rows.size() > table_.Size() / 2;
-  if (areMost) ChooseAll();
+  if (areMost) SetState(kEveryRow, LVIS_SELECTED, LVIS_SELECTED);
   auto next = rows.begin();
   for (std::size_t row = 0; row < table_.Size() && (areMost || next != rows.end()); ++row) {
     bool isChosen = next != rows.end() && *next == row;
@@ -139,7 +146,11 @@ void FileListView::Choose(const std::vector<std::size_t>& rows) const {
   }
 }
 
-void FileListView::Focus(std::size_t row) const {
+// Puts the focus on a file; on the first when there is no such file any more.
+void FileListView::Focus(const std::string& path) const {
+  if (table_.Size() == 0) return;
+  std::vector<std::size_t> rows = table_.RowsOf({path});
+  std::size_t row = rows.empty() ? 0 : rows[0];
   SetState(row, LVIS_FOCUSED, LVIS_FOCUSED);
   ::SendMessageW(control_, LVM_ENSUREVISIBLE, row, FALSE);
 }
@@ -173,12 +184,14 @@ int FileListView::Find(const NMLVFINDITEMW& wanted) const {
   return row ? static_cast<int>(*row) : -1;
 }
 
+// Where all are chosen or none, that holds in any order.
 void FileListView::SortBy(FileColumn column) {
-  Choice choice = TakeChoice();
+  bool areAllAlike = ChosenCount() == 0 || ChosenCount() == table_.Size();
+  Choice choice = areAllAlike ? Choice{{}, Focused()} : TakeChoice();
   table_.SortBy(column, column == table_.SortColumn() && !table_.IsDescending());
   ShowSortArrow();
   HoldDrawing();
-  Restore(choice);
+  areAllAlike ? Focus(choice.focused) : Restore(choice);
   DrawAgain();
 }
 

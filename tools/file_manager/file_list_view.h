@@ -55,7 +55,8 @@ class FileListView {
   Choice TakeChoice() const;
   void Restore(const Choice& choice) const;
   void Choose(const std::vector<std::size_t>& rows) const;
-  void Focus(std::size_t row) const;
+  std::string Focused() const;
+  void Focus(const std::string& path) const;
   std::string CellText(std::size_t row, FileColumn column) const;
   void SetState(std::size_t row, UINT state, UINT mask) const;
 

@@ -21,6 +21,10 @@ namespace {
 // Posted by the dialog to itself: other files are chosen. Choosing many sends a notification for each.
 constexpr UINT kChoiceChanged = WM_APP + 1;
 
+constexpr UINT_PTR kSumTimer = 1;
+constexpr UINT kSumDelay = 200;           // milliseconds
+constexpr std::size_t kManyToSum = 2000;  // the list is asked for each of them
+
 constexpr DialogAnchor kAnchors[] = {
     {.id = IDC_MANAGED_DIRECTORY, .growsWide = true},
     {.id = IDC_MANAGED_FILES, .growsWide = true},
@@ -49,6 +53,7 @@ constinit const MessageMap CFileManagerDialog::kMessageMap =
                      On<WM_GETMINMAXINFO, &CFileManagerDialog::OnGetMinMaxInfo>,
                      On<WM_NOTIFY, &CFileManagerDialog::OnNotifyMessage>,
                      On<kChoiceChanged, &CFileManagerDialog::OnChoiceChanged>,
+                     On<WM_TIMER, &CFileManagerDialog::OnTimer>,
                      On<WM_DESTROY, &CFileManagerDialog::OnDestroy>,
                      OnCommand<IDC_MANAGED_REFRESH, &CFileManagerDialog::OnRefresh>,
                      OnCommand<IDC_MANAGED_BROWSE, &CFileManagerDialog::OnBrowse>,
@@ -217,14 +222,31 @@ LRESULT CFileManagerDialog::OnChoiceChanged(WPARAM, LPARAM) {
   return 0;
 }
 
+// The sizes of very many files are summed once the user pauses: not at each key that chooses one more.
+void CFileManagerDialog::OnTimer(UINT_PTR id) {
+  ::KillTimer(Handle(), id);
+  ShowChosen(true);
+}
+
 void CFileManagerDialog::ShowCounts() {
+  std::size_t chosen = list_.ChosenCount();
+  bool isQuick = chosen < kManyToSum || chosen == list_.Table().Size();
+  if (!isQuick) ::SetTimer(Handle(), kSumTimer, kSumDelay, nullptr);
+  ShowChosen(isQuick);
+}
+
+void CFileManagerDialog::ShowChosen(bool withBytes) {
   countsAreOld_ = false;
   const FileTable& table = list_.Table();
   std::size_t chosen = list_.ChosenCount();
-  SetItemText(IDC_MANAGED_COUNTS,
-              chosen == 0 ? FormatTextResource(kTextListedFiles, {table.Size(), CountText(table.TotalSize())})
-                          : FormatTextResource(kTextChosenFiles,
-                                               {chosen, table.Size(), CountText(list_.ChosenBytes())}));
+  std::string text;
+  if (chosen == 0)
+    text = FormatTextResource(kTextListedFiles, {table.Size(), CountText(table.TotalSize())});
+  else if (withBytes)
+    text = FormatTextResource(kTextChosenFiles, {chosen, table.Size(), CountText(list_.ChosenBytes())});
+  else
+    text = FormatTextResource(kTextChosenManyFiles, {chosen, table.Size()});
+  SetItemText(IDC_MANAGED_COUNTS, text);
   for (int button : kFileButtons) EnableItem(button, chosen > 0);
 }
 

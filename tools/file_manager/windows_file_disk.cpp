@@ -152,13 +152,12 @@ DriveFacts WindowsFileDisk::Drive(const std::string& directory) {
   return {KindOf(GetDriveTypeW(root)), SUCCEEDED(SHQueryRecycleBinW(root, &bin))};
 }
 
-// What does not fit into the bin is gone for good only after a warning of the shell's own.
 void WindowsFileDisk::Recycle(const std::string& path) {
   std::wstring list = CheckedWidePath(path) + L'\0';  // a list of one, ended by a second NUL
   SHFILEOPSTRUCTW operation{};
   operation.wFunc = FO_DELETE;
   operation.pFrom = list.c_str();
-  operation.fFlags = FOF_ALLOWUNDO | FOF_NOCONFIRMATION | FOF_WANTNUKEWARNING | FOF_SILENT | FOF_NOERRORUI;
+  operation.fFlags = FOF_ALLOWUNDO | FOF_NOCONFIRMATION | FOF_SILENT | FOF_NOERRORUI;
   int error = SHFileOperationW(&operation);
   if (error) throw CFileException(CauseOfShellError(error), path);
   if (operation.fAnyOperationsAborted) throw CFileException(FileCause::kGeneric, path);
