@@ -152,6 +152,7 @@ void CFileManagerDialog::OnTouch() {
   if (dialog.DoModal(Handle()) != IDOK) return;
   Do(kTextTouchingFiles, paths.size(),
      [&](FileOperations& files) { return files.Touch(paths, dialog.Time()); });
+  for (const std::string& path : paths) program_.documents.FileIsOurs(path);
 }
 
 void CFileManagerDialog::OnAttributes() {
