@@ -18,7 +18,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <chrono>
 #include <functional>
 
 namespace tarrow {
@@ -184,28 +183,15 @@ TEST_F(ProjectRoomTest, TheLogLeadsToTheFilesOfTheCommand) {
   EXPECT_EQ(6u, place.column);
 }
 
-double Milliseconds(const std::function<void()>& work) {
-  auto start = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
-
-// Ten megabytes of output open about as fast as a file of that size does.
-TEST_F(ProjectRoomTest, MuchOutputOpensLikeAFile) {
+TEST_F(ProjectRoomTest, MuchOutputOpensWhole) {
   SetBuilder("flood 10");
-  std::string path = scratch.Make("big.txt", "");
-  double shown = 1e9, opened = 1e9;
-  for (int i = 0; i < 2 || (i < 6 && shown > 2 * opened); ++i) {
-    ASSERT_TRUE(RunToEnd(kProjectBuild));
-    shown = std::min(shown, Milliseconds([&] { Run(kProjectViewLog); }));
-    scratch.Make("big.txt", LogText());
-    if (edit) edit->Destroy();
-    opened = std::min(opened, Milliseconds([&] { Open(path); }));
-    ASSERT_EQ(LogText().size(), static_cast<std::size_t>(edit->Control().View().Size()));
-  }
-  RecordProperty("shown", std::to_string(shown));
-  RecordProperty("opened", std::to_string(opened));
-  EXPECT_LE(shown, 2 * opened);
+  ASSERT_TRUE(RunToEnd(kProjectBuild));
+  Run(kProjectViewLog);
+  std::string text = LogText(), expected;
+  while (expected.size() < std::size_t{10} << 20)
+    expected += text.substr(0, 4096);  // the same at every write
+  EXPECT_TRUE(text.starts_with("sixty-two")) << text.substr(0, 100);
+  EXPECT_TRUE(text == expected) << text.size();
 }
 
 TEST_F(ProjectRoomTest, ManyCommandsLeaveNoFiles) {
