@@ -1,6 +1,7 @@
 #include "edit/files/safe_save.h"
 
 #include "base/path_text.h"
+#include "edit/files/save_leftovers.h"
 
 #include <algorithm>
 #include <array>
@@ -132,9 +133,10 @@ void Saving::CopyBackup() {
 }
 
 void Saving::Overwrite(TemporaryFile& temporary) {
-  auto from = disk_.Open(temporary.Path(), Access::kRead);
+  auto from = disk_.Open(temporary.Path(), Access::kUpdate);
   auto to = disk_.Open(target_.path, Access::kUpdate);
   std::uint64_t newSize = from->Size(), oldSize = to->Size();
+  Seal(*from, newSize);
   if (newSize > oldSize) Extend(*from, *to, oldSize, newSize, temporary);
   // From here on the temporary file is the only whole text.
   temporary.Keep();
@@ -175,7 +177,12 @@ std::string BackupName(const std::string& path) {
 void SafeSave(SaveDisk& disk, const std::string& path, const SaveOptions& options,
               const std::function<void(ByteSink&)>& write) {
   try {
-    Saving(disk, disk.Resolve(path), options).Run(write);
+    SaveDisk::Target target = disk.Resolve(path);
+    Saving(disk, target, options).Run(write);
+    if (target.kind == SaveDisk::Kind::kDevice) return;
+    RemoveLeftovers(disk, target.path);
+    std::string backup = options.backup ? BackupName(target.path) : std::string();
+    if (!backup.empty()) RemoveLeftovers(disk, backup);
   } catch (const CFileException& error) {
     // The user knows nothing of temporary files: the failure is that of the file to be saved.
     throw CFileException(error.Cause(), path);
