@@ -22,14 +22,15 @@ Program::Program(SettingsFiles& settingsFiles)
                state.settings.global,
                state.screenFont},
       files(services, state.settings.recentFiles, frame.Menus()),
-      windows(services, selector, frame.GetBars(), frame.Menus()),
+      recovery(services),
+      windows(services, selector, recovery, frame.GetBars(), frame.Menus()),
       keys(state.store, frame.Menus()),
       stored(state.store),
       settings(frame, state, windows, keys, stored, messages, help),
       session(state, services, files, windows),
       projects(frame, state, windows, keys, files, session),
       tools(frame, messages, state.store),
-      ending(frame, windows, selector, session, frame.GetBars(), help, messages),
+      ending(frame, windows, selector, session, recovery, frame.GetBars(), help, messages),
       rooms(services, help, stored, options, projects) {
   for (CommandTarget* room : rooms.Targets()) frame.AddTarget(*room);
   frame.AddTarget(files);
@@ -38,6 +39,7 @@ Program::Program(SettingsFiles& settingsFiles)
   frame.AddTarget(projects);
   frame.AddTarget(tools);
   frame.AddTarget(help);
+  frame.AddTarget(recovery);
   frame.AddTarget(ending);
 }
 

@@ -10,6 +10,7 @@
 #include "edit/documents/printable.h"
 #include "edit/files/file_format.h"
 #include "edit/files/file_load.h"
+#include "edit/recovery/journal_format.h"
 
 #include <optional>
 #include <string>
@@ -29,6 +30,14 @@ class CTwFileEdit : public CTwChild, public Printable, protected EditingOwner {
 
   // A new window without a name, or null when it could not be made.
   static CTwFileEdit* New(const DocumentServices& program, std::uint32_t flags);
+
+  // A new window with a text that no file holds, modified, under the name that it had. Null when it could not
+  // be made.
+  static CTwFileEdit* OpenUnsaved(const DocumentServices& program, const JournalDescription& name,
+                                  TextBuffer&& text, std::uint32_t flags);
+
+  // What a journal must know to bring the text back under its name.
+  JournalDescription JournalName() const;
 
   TextControl& Control() { return control_; }
   const TextControl& Control() const { return control_; }
@@ -100,10 +109,12 @@ class CTwFileEdit : public CTwChild, public Printable, protected EditingOwner {
   bool SaveAs();
   bool SaveUnder(const std::string& path, const std::string& nameOnDisk, FileFormat format);
   bool WriteFile(const std::string& path);
+  void RememberFile();
 
   TextControl control_;
   EditingCommands commands_;
   FileFormat format_ = FileFormat::kDos;
+  FileStamp fileStamp_;           // of the file, when it was loaded or saved
   bool programScrolled_ = false;  // the program itself has scrolled the control sideways
 };
 

@@ -6,6 +6,7 @@
 #include "edit/files/file_save.h"
 #include "edit/files/safe_save.h"
 #include "edit/files/save_disk.h"
+#include "edit/files/save_leftovers.h"
 #include "framework/directories.h"
 #include "framework/file.h"
 #include "framework/file_system.h"
@@ -47,15 +48,26 @@ class AskUser final : public LoadQuestions {
   const std::string& path_;
 };
 
-// Loads a file and tells the user why when that fails, except for a file that does not fit: then it throws
-// CMemoryException.
+// Where the last saving of a file was broken off in the middle, and the user wants the whole text that lies
+// beside it: that.
+std::optional<WholeText> WantedWholeText(const DocumentServices& program, const std::string& path) {
+  WindowsSaveDisk disk;
+  std::optional<WholeText> whole = FindWholeText(disk, path);
+  if (whole && program.messages.ShowMessageBox(nullptr, kYesNo, kTextSaveBrokenOff, {path}) != IDYES)
+    return {};
+  return whole;
+}
+
+// Loads a file, or what takes its place, and tells the user why when that fails, except for a file that does
+// not fit: then it throws CMemoryException.
 std::optional<LoadedText> LoadFile(const DocumentServices& program, const std::string& path,
-                                   std::int64_t maxSize) {
+                                   std::int64_t maxSize, const std::optional<WholeText>& whole = {}) {
   try {
-    CFile file(path, CFile::Mode::kRead, CFile::Share::kRead);
+    CFile file(whole ? whole->path : path, CFile::Mode::kRead, CFile::Share::kRead);
+    HeadSource text(file, whole ? whole->size : file.Size());
     CProgressBox box(program.frame.Handle(), FormatTextResource(kTextLoading, {path}));
-    box.SetWhole(static_cast<std::int64_t>(file.Size()));
-    ProgressSource source(file, box);
+    box.SetWhole(static_cast<std::int64_t>(text.Size()));
+    ProgressSource source(text, box);
     AskUser ask(program.messages, box, path);
     return LoadText(source, maxSize, ask);
   } catch (const CFileException& error) {
@@ -72,16 +84,49 @@ std::optional<LoadedText> LoadFile(const DocumentServices& program, const std::s
 
 CTwFileEdit* CTwFileEdit::Open(const DocumentServices& program, const std::string& path,
                                std::uint32_t flags) {
-  std::optional<LoadedText> loaded = LoadFile(program, path, kMaxTextSize);
+  std::optional<WholeText> whole = WantedWholeText(program, path);
+  std::optional<LoadedText> loaded = LoadFile(program, path, kMaxTextSize, whole);
   if (!loaded) return nullptr;
   auto* window = new CTwFileEdit(program, flags);  // belongs to its window
   window->SetPath(path);
   if (!window->CreateEdit()) return nullptr;
   window->control_.Adopt(std::move(loaded->text));
   window->format_ = loaded->format;
+  window->RememberFile();
+  if (whole) window->SetModified(true);
   window->OnCaretMoved();
   window->OnFileStats();
   return window;
+}
+
+CTwFileEdit* CTwFileEdit::OpenUnsaved(const DocumentServices& program, const JournalDescription& name,
+                                      TextBuffer&& text, std::uint32_t flags) {
+  auto* window = new CTwFileEdit(program, flags);  // belongs to its window
+  if (name.isUntitled)
+    window->SetUntitled(name.name);
+  else
+    window->SetPath(name.name);
+  if (!window->CreateEdit()) return nullptr;
+  window->control_.Adopt(std::move(text));
+  window->format_ = name.format;
+  window->fileStamp_ = name.file;
+  window->SetModified(true);
+  window->OnCaretMoved();
+  return window;
+}
+
+JournalDescription CTwFileEdit::JournalName() const {
+  JournalDescription name;
+  name.name = Path();
+  name.isUntitled = Has(kUntitled);
+  name.format = format_;
+  name.file = fileStamp_;
+  return name;
+}
+
+void CTwFileEdit::RememberFile() {
+  std::optional<FileStatus> status = GetFileStatus(Path());
+  fileStamp_ = status ? FileStamp{status->size, status->modified} : FileStamp{};
 }
 
 void CTwFileEdit::OnFileStats() {
@@ -147,6 +192,7 @@ bool CTwFileEdit::SaveUnder(const std::string& path, const std::string& nameOnDi
 bool CTwFileEdit::WriteFile(const std::string& path) {
   if (!Has(kModified)) return true;
   if (!WriteText(path, format_)) return false;
+  RememberFile();
   SetModified(false);
   OnFileStats();
   return true;

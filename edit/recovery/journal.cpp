@@ -135,7 +135,7 @@ void Journal::CopyOn() noexcept {
   try {
     if (next_ && !next_->isBroken && !next_->output->Failure()) CopyPieces();
   } catch (...) {
-    next_->isBroken = true;
+    if (next_) next_->isBroken = true;
   }
 }
 

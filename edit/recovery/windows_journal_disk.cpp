@@ -50,13 +50,18 @@ bool IsOnLocalDisk(const std::string& directory) {
 
 }  // namespace
 
+// A profile may lie on a network, and the directory for temporary files seldom does.
 std::string WindowsJournalDisk::UsersDirectory() {
-  std::string data = LocalDataDirectory();
-  return IsOnLocalDisk(data) ? data.append(kSubdirectory) : std::string();
+  try {
+    std::string data = LocalDataDirectory();
+    if (!IsOnLocalDisk(data)) data = TemporaryDirectory();
+    return IsOnLocalDisk(data) ? data.append(kSubdirectory) : std::string();
+  } catch (const CFileException&) {
+    return {};
+  }
 }
 
 std::unique_ptr<JournalFile> WindowsJournalDisk::Create(const std::string& name) {
-  if (directory_.empty()) throw CFileException(FileCause::kBadPath, name);
   std::string path = directory_ + name;
   MakeDirectories(directory_);
   return std::make_unique<OwnedFile>(path, CFile::Mode::kOwnNew);
@@ -64,7 +69,6 @@ std::unique_ptr<JournalFile> WindowsJournalDisk::Create(const std::string& name)
 
 std::vector<std::unique_ptr<JournalFile>> WindowsJournalDisk::Claim() {
   std::vector<std::unique_ptr<JournalFile>> files;
-  if (directory_.empty()) return files;
   for (const DirectoryEntry& entry : FindFiles(directory_ + std::string(kPattern))) {
     try {
       files.push_back(std::make_unique<OwnedFile>(directory_ + entry.name, CFile::Mode::kOwn));

@@ -7,7 +7,7 @@ namespace tarrow {
 
 class WindowsJournalDisk final : public JournalDisk {
  public:
-  // `directory` ends in a backslash; it is made with the first journal. An empty one takes no journal.
+  // `directory` ends in a backslash; it is made with the first journal.
   explicit WindowsJournalDisk(std::string directory) : directory_(std::move(directory)) {}
 
   // Where the journals of the user are: a directory on a disk of this machine, or an empty string.
