@@ -18,8 +18,7 @@
 namespace tarrow {
 namespace {
 
-constexpr UINT_PTR kTimer = 0x4A52;
-constexpr UINT kWriteAfter = 1000;  // milliseconds after a change
+constexpr DWORD kWriteAfter = 1000;  // milliseconds after a change
 constexpr int kStatusSeconds = 5;
 
 // Compares what is written with a file.
@@ -48,10 +47,14 @@ bool Holds(const std::string& path, TextView text, FileFormat format) {
   return file.IsSame();
 }
 
+void CALLBACK PostDue(void* frame, BOOLEAN) {
+  ::PostMessageW(static_cast<HWND>(frame), kJournalsDueMessage, 0, 0);
+}
+
 }  // namespace
 
 constinit const MessageMap Recovery::kMessageMap =
-    MessageMap::Make<nullptr, On<WM_TIMER, &Recovery::OnTimer>,
+    MessageMap::Make<nullptr, On<kJournalsDueMessage, &Recovery::OnDue>,
                      On<kJournalsIdleMessage, &Recovery::OnQueueIdle>>();
 
 // A window's text and its journal, which ends with the window.
@@ -114,21 +117,26 @@ void Recovery::Closed(CMDIChildWnd& child) {
 }
 
 void Recovery::StartTimer() noexcept {
-  if (!std::exchange(isTiming_, true)) ::SetTimer(services_.frame.Handle(), kTimer, kWriteAfter, nullptr);
+  HANDLE timer = nullptr;
+  constexpr ULONG kOnce = WT_EXECUTEONLYONCE | WT_EXECUTEINTIMERTHREAD;
+  if (!timer_ &&
+      ::CreateTimerQueueTimer(&timer, nullptr, PostDue, services_.frame.Handle(), kWriteAfter, 0, kOnce))
+    timer_.Reset(timer);
 }
 
-void Recovery::OnTimer(UINT_PTR id) {
-  if (id != kTimer) return;
-  isTiming_ = false;
+LRESULT Recovery::OnDue(WPARAM, LPARAM) {
+  timer_.Reset();
+  bool isBehind = false;
   for (auto& [window, text] : texts_) {
     text->journal.Write();
-    isTiming_ = isTiming_ || text->journal.IsBehind();
+    isBehind = isBehind || text->journal.IsBehind();
     std::optional<FileCause> failure = text->journal.TakeFailure();
     if (!failure) continue;
     std::string cause = LoadText(kTextFirstFileCause + static_cast<int>(*failure));
     services_.status.ShowStatus(FormatTextResource(kTextNotProtected, {cause}), kStatusSeconds);
   }
-  if (!isTiming_) ::KillTimer(services_.frame.Handle(), kTimer);
+  if (isBehind) StartTimer();
+  return 0;
 }
 
 LRESULT Recovery::OnQueueIdle(WPARAM, LPARAM) {

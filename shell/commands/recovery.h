@@ -9,6 +9,7 @@
 #include "edit/recovery/left_texts.h"
 #include "edit/recovery/windows_journal_disk.h"
 #include "framework/command_target.h"
+#include "framework/handle.h"
 
 #include <map>
 #include <memory>
@@ -46,6 +47,10 @@ class Recovery final : public CommandTarget {
  private:
   class WatchedText;
 
+  // A timer of the system's own thread. One of the window would wait until no input is left.
+  static void DeleteTimer(HANDLE timer) { (void)::DeleteTimerQueueTimer(nullptr, timer, nullptr); }
+  using TimerHandle = UniqueHandle<HANDLE, DeleteTimer>;
+
   // What runs once journals are kept.
   struct Keeping {
     Keeping(std::string directory, HWND frame, std::function<void()> isWanted);
@@ -56,7 +61,7 @@ class Recovery final : public CommandTarget {
   };
 
   void StartTimer() noexcept;
-  void OnTimer(UINT_PTR id);
+  LRESULT OnDue(WPARAM, LPARAM);
   LRESULT OnQueueIdle(WPARAM, LPARAM);
   void OfferTexts();
   void DropSaved(std::vector<LeftText>& texts) const;
@@ -66,7 +71,7 @@ class Recovery final : public CommandTarget {
   const DocumentServices& services_;
   std::optional<Keeping> keeping_;
   std::map<const CMDIChildWnd*, std::unique_ptr<WatchedText>> texts_;
-  bool isTiming_ = false;
+  TimerHandle timer_;
 };
 
 }  // namespace tarrow
