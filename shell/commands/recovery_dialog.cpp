@@ -1,5 +1,6 @@
 #include "shell/commands/recovery_dialog.h"
 
+#include "base/path_text.h"
 #include "framework/text_resources.h"
 #include "framework/unicode.h"
 #include "resources/resource.h"
@@ -13,7 +14,7 @@
 namespace tarrow {
 namespace {
 
-constexpr std::array kColumnWidths{62, 24, 14};  // percent
+constexpr std::array kColumnWidths{58, 29, 13};  // percent
 
 void AddRow(HWND list, int row, const std::array<std::string, 3>& cells) {
   for (int column = 0; column < 3; ++column) {
@@ -25,6 +26,13 @@ void AddRow(HWND list, int row, const std::array<std::string, 3>& cells) {
     item.pszText = text.data();
     ::SendMessageW(list, column == 0 ? LVM_INSERTITEMW : LVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
   }
+}
+
+// The name in front, for a long path is cut at its end.
+std::string ShownName(const JournalDescription& description) {
+  if (description.isUntitled) return description.name;
+  std::string name(FileNamePart(description.name));
+  return name.append("   ").append(WithoutTrailingSeparators(DirectoryPart(description.name)));
 }
 
 // For row -1: of all rows.
@@ -51,7 +59,8 @@ bool CRecoveryDialog::OnInitDialog() {
 
 void CRecoveryDialog::MakeColumns() const {
   HWND list = Item(IDC_LEFT_TEXTS);
-  ::SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
+  constexpr DWORD kStyle = LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP;
+  ::SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, kStyle, kStyle);
   RECT client{};
   ::GetClientRect(list, &client);
   std::wstring heads = ToWide(LoadText(kTextRecoveryColumns));
@@ -74,7 +83,7 @@ void CRecoveryDialog::ShowTexts() const {
   int row = 0;
   for (const LeftText& text : texts_)
     AddRow(list, row++,
-           {text.state.description.name, TimeText(text.state.time),
+           {ShownName(text.state.description), TimeText(text.state.time),
             CountText(static_cast<std::uint64_t>(text.state.size))});
   SetState(list, -1, LVIS_SELECTED);
   SetState(list, 0, LVIS_FOCUSED);

@@ -50,9 +50,9 @@ class Recovery(Scenario):
     def test_many_texts_with_names_and_without(self):
         program, path = self.modified()
         for number in range(3):
-            program.command(1001)
-            self.stage.wait(lambda: program.titles()[0] == f"File{number + 1}", "a new window")
-            program.wait_focus_back()
+            program.command("File:New")
+            program.wait_title(f"File{number + 1}")
+            program.wait_text("")
             self.stage.type(f"typed {number}")
             program.wait_text(f"typed {number}")
         self.wait_journal(b"typed 2")
