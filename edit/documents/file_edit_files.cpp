@@ -213,6 +213,7 @@ bool CTwFileEdit::WriteText(const std::string& path, FileFormat format) {
       ProgressSink shown(out, box);
       SaveText(control_.View(), format, shown);
     });
+    RemoveLeftovers(disk, path);
     return true;
   } catch (const CFileException& error) {
     Program().messages.ShowFileError(nullptr, CFileException(error.Cause(), LowerCase(path)));

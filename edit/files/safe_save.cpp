@@ -177,12 +177,7 @@ std::string BackupName(const std::string& path) {
 void SafeSave(SaveDisk& disk, const std::string& path, const SaveOptions& options,
               const std::function<void(ByteSink&)>& write) {
   try {
-    SaveDisk::Target target = disk.Resolve(path);
-    Saving(disk, target, options).Run(write);
-    if (target.kind == SaveDisk::Kind::kDevice) return;
-    RemoveLeftovers(disk, target.path);
-    std::string backup = options.backup ? BackupName(target.path) : std::string();
-    if (!backup.empty()) RemoveLeftovers(disk, backup);
+    Saving(disk, disk.Resolve(path), options).Run(write);
   } catch (const CFileException& error) {
     // The user knows nothing of temporary files: the failure is that of the file to be saved.
     throw CFileException(error.Cause(), path);

@@ -92,7 +92,10 @@ std::optional<WholeText> FindWholeText(SaveDisk& disk, const std::string& path) 
 }
 
 void RemoveLeftovers(SaveDisk& disk, const std::string& path) {
-  for (const std::string& temporary : disk.Temporaries(path)) TryRemove(disk, temporary);
+  for (const std::string& file : {path, BackupName(path)}) {
+    if (file.empty()) continue;
+    for (const std::string& temporary : disk.Temporaries(file)) TryRemove(disk, temporary);
+  }
 }
 
 }  // namespace tarrow

@@ -30,7 +30,8 @@ struct WholeText {
 // temporary files that nobody needs are removed. One that is in use or cannot be read is left alone.
 [[nodiscard]] std::optional<WholeText> FindWholeText(SaveDisk& disk, const std::string& path);
 
-// The file `path` has been saved: removes what killed saves have left beside it.
+// The file `path` has been saved: removes what killed saves have left beside it and its backup. Not for a
+// file that two programs may save at the same moment: that of the other one has no seal yet, either.
 void RemoveLeftovers(SaveDisk& disk, const std::string& path);
 
 }  // namespace tarrow

@@ -89,8 +89,7 @@ bool Journal::IsBehind() const {
 }
 
 void Journal::BeginNext() {
-  next_.emplace();
-  next_->output = std::make_shared<JournalOutput>(services_.disk, FileName(document_, ++generation_));
+  next_.emplace(std::make_shared<JournalOutput>(services_.disk, FileName(document_, ++generation_)));
   Describe(*next_);
 }
 

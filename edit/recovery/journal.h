@@ -17,6 +17,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace tarrow {
@@ -74,6 +75,8 @@ class Journal final : public TextObserver {
 
  private:
   struct Stream {
+    explicit Stream(std::shared_ptr<JournalOutput> journal) : output(std::move(journal)) {}
+
     std::shared_ptr<JournalOutput> output;
     ChangeStream changes;
     std::uint64_t written = 0;  // bytes, since it became whole
