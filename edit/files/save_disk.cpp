@@ -105,8 +105,10 @@ std::string WindowsSaveDisk::MakeTemporary(const std::string& path) {
 std::vector<std::string> WindowsSaveDisk::Temporaries(const std::string& path) {
   std::vector<DirectoryEntry> found = FindFiles(path + ".*");
   std::string name = LowerCase(FileNamePart(path));
-  std::erase_if(
-      found, [&](const DirectoryEntry& entry) { return LowerCase(TargetOfTemporary(entry.name)) != name; });
+  std::erase_if(found, [&](const DirectoryEntry& entry) {
+    std::string target = LowerCase(TargetOfTemporary(entry.name));
+    return target.empty() || target != name;
+  });
   std::ranges::sort(found, std::greater(), &DirectoryEntry::modified);
   std::vector<std::string> paths;
   for (const DirectoryEntry& entry : found) paths.push_back(std::string(DirectoryPart(path)) + entry.name);
