@@ -141,7 +141,6 @@ class Recovery(Scenario):
                 self.assertTrue(everything.startswith(back), f"{back!r} of {everything!r}")
                 kept = back.count(" ")
                 lost = end - typed[kept][1] if kept < len(typed) else 0
-                print(f"    {len(typed)} words typed, {kept} back, {lost:.1f} s lost")
                 self.assertLess(lost, MOST_LOST)
                 self.assertTrue(kept or delay < 2, "nothing has come back")
 
