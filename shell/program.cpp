@@ -30,6 +30,7 @@ Program::Program(SettingsFiles& settingsFiles)
       session(state, services, files, windows),
       projects(frame, state, windows, keys, files, session),
       tools(frame, messages, state.store),
+      changedFiles(frame),
       ending(frame, windows, selector, session, recovery, frame.GetBars(), help, messages),
       rooms(services, help, stored, options, projects) {
   for (CommandTarget* room : rooms.Targets()) frame.AddTarget(*room);
@@ -41,6 +42,7 @@ Program::Program(SettingsFiles& settingsFiles)
   frame.AddTarget(help);
   frame.AddTarget(recovery);
   frame.AddTarget(ending);
+  frame.AddTarget(changedFiles);
 }
 
 }  // namespace tarrow

@@ -1,6 +1,7 @@
 #include "edit/recovery/windows_journal_disk.h"
 
 #include "base/exceptions.h"
+#include "edit/files/look_at_file.h"
 #include "framework/directories.h"
 #include "framework/file.h"
 #include "framework/file_system.h"
@@ -40,13 +41,6 @@ class OwnedFile final : public JournalFile {
  private:
   CFile file_;
 };
-
-bool IsOnLocalDisk(const std::string& directory) {
-  if (directory.size() < 3 || directory[1] != ':') return false;
-  wchar_t root[] = {static_cast<unsigned char>(directory[0]), L':', L'\\', L'\0'};
-  UINT type = GetDriveTypeW(root);
-  return type == DRIVE_FIXED || type == DRIVE_RAMDISK || type == DRIVE_REMOVABLE;
-}
 
 }  // namespace
 

@@ -3,10 +3,10 @@
 #include "base/byte_sink.h"
 #include "edit/documents/log.h"
 #include "edit/files/file_save.h"
+#include "edit/files/look_at_file.h"
 #include "edit/files/save_disk.h"
 #include "edit/files/save_leftovers.h"
 #include "framework/file.h"
-#include "framework/file_system.h"
 #include "framework/text_resources.h"
 #include "shell/commands/recovery_dialog.h"
 #include "ui/program/private_messages.h"
@@ -45,6 +45,12 @@ bool Holds(const std::string& path, TextView text, FileFormat format) {
   SameAsFile file(path);
   SaveText(text, format, file);
   return file.IsSame();
+}
+
+// Whether the file of a text is there, and another than it was.
+bool HasChanged(const JournalDescription& name) {
+  FileLook look = LookAtFile(name.name);
+  return look.found == FileLook::Found::kFile && FileStamp{look.size, look.modified} != name.file;
 }
 
 void CALLBACK PostDue(void* frame, BOOLEAN) {
@@ -153,8 +159,7 @@ void Recovery::EndNow(bool wasAsked) {
 void Recovery::DropSaved(std::vector<LeftText>& texts) const {
   std::erase_if(texts, [](LeftText& left) {
     const JournalDescription& name = left.state.description;
-    std::optional<FileStatus> status = name.isUntitled ? std::nullopt : GetFileStatus(name.name);
-    if (!status || FileStamp{status->size, status->modified} == name.file) return false;
+    if (name.isUntitled || !IsOnLocalDisk(name.name) || !HasChanged(name)) return false;
     try {
       if (!Holds(name.name, RecoverText(left).View(), name.format)) return false;
       DiscardText(left);
@@ -192,10 +197,12 @@ JournalDescription Recovery::NameOf(const LeftText& left) const {
     name.name = FormatTextResource(kTextRecovered, {name.name});
     return name;
   }
-  std::optional<FileStatus> status = GetFileStatus(name.name);
-  WindowsSaveDisk disk;
-  bool hasChanged =
-      status && FileStamp{status->size, status->modified} != name.file && !FindWholeText(disk, name.name);
+  bool hasChanged = HasChanged(name);
+  if (WindowsSaveDisk disk; hasChanged && FindWholeText(disk, name.name)) {
+    FileLook look = LookAtFile(name.name);
+    name.file = {look.size, look.modified};
+    hasChanged = false;
+  }
   if (!hasChanged && !FindChildShowing(services_.frame, name.name)) return name;
   name.name = FormatTextResource(hasChanged ? kTextRecoveredChanged : kTextRecovered, {name.name});
   name.isUntitled = true;
