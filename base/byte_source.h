@@ -55,4 +55,28 @@ class StringSource final : public ByteSource {
   std::size_t position_ = 0;
 };
 
+// The first `size` bytes of another source, which outlives it.
+class HeadSource final : public ByteSource {
+ public:
+  HeadSource(ByteSource& whole, std::uint64_t size) : whole_(whole), size_(size) {}
+
+  std::size_t Read(std::span<char> into) override {
+    std::uint64_t left = position_ < size_ ? size_ - position_ : 0;
+    std::size_t n =
+        whole_.Read(into.first(static_cast<std::size_t>(std::min<std::uint64_t>(left, into.size()))));
+    position_ += n;
+    return n;
+  }
+  void Seek(std::uint64_t position) override {
+    whole_.Seek(position);
+    position_ = position;
+  }
+  std::uint64_t Size() override { return std::min(size_, whole_.Size()); }
+
+ private:
+  ByteSource& whole_;
+  std::uint64_t size_;
+  std::uint64_t position_ = 0;
+};
+
 }  // namespace tarrow

@@ -3,8 +3,12 @@
 #include "edit/control/text_control.h"
 
 #include "benchmarks/report.h"
+#include "edit/recovery/journal.h"
+#include "edit/recovery/windows_journal_disk.h"
+#include "framework/directories.h"
 #include "framework/handle.h"
 
+#include <algorithm>
 #include <array>
 
 namespace tarrow::bench {
@@ -45,6 +49,7 @@ class Ours {
     control_.Adopt(std::move(buffer));
   }
   HWND Handle() const { return control_.Handle(); }
+  TextControl& Control() { return control_; }
   void Key(char16_t unit) {
     MSG message{Handle(), WM_CHAR, unit, 0, 0, {}};
     control_.PreDispatch(message);
@@ -114,6 +119,50 @@ void Keys(HWND parent, const std::vector<std::size_t>& megabytes) {
   }
 }
 
+// The text of a control as its journal sees it.
+class Journaled final : public JournaledText {
+ public:
+  explicit Journaled(TextControl& control) : control_(control) {}
+  TextView JournalView() const override { return control_.View(); }
+  JournalDescription JournalName() const override { return {}; }
+
+ private:
+  TextControl& control_;
+};
+
+// A key with and without a journal that follows, and that is written after every twenty of them: a second of
+// fast typing. The same control by turns, so that nothing else differs.
+void KeysWithJournal(HWND parent, std::size_t megabytes) {
+  constexpr int kKeys = 20, kTurns = 60;
+  std::string text = SomeText(megabytes << 20);
+  Ours ours(parent, text);
+  Journaled journaled(ours.Control());
+  WindowsJournalDisk disk(TemporaryDirectory());
+  BackgroundQueue queue([] {});
+  JournalServices services{disk, queue, [] {}};
+  Journal journal(services, journaled);
+  std::size_t at = LineStart(text, 0.5);
+  std::vector<double> with, without;
+  for (int turn = 0; turn < kTurns; ++turn) {
+    ours.Control().SetObserver(&journal);
+    with.push_back(KeyAt(ours, at, kKeys));
+    journal.Write();
+    queue.Finish();
+    ours.Control().SetObserver(nullptr);
+    without.push_back(KeyAt(ours, at, kKeys));
+    journal.OnExchanged();  // it has missed the last keys
+    while (journal.IsBehind()) {
+      journal.Write();
+      queue.Finish();
+    }
+  }
+  journal.End();
+  std::ranges::nth_element(with, with.begin() + kTurns / 2);
+  std::ranges::nth_element(without, without.begin() + kTurns / 2);
+  Row({"one key in " + std::to_string(megabytes) + " MB with a journal", with[kTurns / 2], "without",
+       without[kTurns / 2], "s", 0.95});
+}
+
 // A text without line ends is one line; the key is typed at its end.
 void KeyInALongLine(HWND parent, std::size_t megabytes) {
   std::string text, beginning = "short";
@@ -169,10 +218,12 @@ int main(int argc, char** argv) {
   Parent parent;
   if (IsQuick(argc, argv)) {
     Keys(parent.Handle(), {1});
+    KeysWithJournal(parent.Handle(), 1);
     KeyInALongLine(parent.Handle(), 1);
     Replacements(parent.Handle(), 1, 1000, 20);
   } else {
     Keys(parent.Handle(), {1, 10, 100});
+    KeysWithJournal(parent.Handle(), 10);
     KeyInALongLine(parent.Handle(), 100);
     Replacements(parent.Handle(), 10, 10'000, 200);
   }

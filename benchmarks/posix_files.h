@@ -73,6 +73,7 @@ class PosixSaveDisk final : public SaveDisk {
     PosixFile(name, O_CREAT | O_WRONLY).Close();
     return name;
   }
+  std::vector<std::string> Temporaries(const std::string&) override { return {}; }
   std::unique_ptr<DiskFile> Open(const std::string& path, Access access) override {
     return std::make_unique<PosixFile>(path, access == Access::kRead ? O_RDONLY : O_RDWR);
   }

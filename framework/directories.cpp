@@ -34,6 +34,14 @@ bool CreateEmpty(const std::string& path) {
   }
 }
 
+// A folder of the user, which is made when it is missing.
+std::string UsersFolder(int folder) {
+  wchar_t path[MAX_PATH];
+  if (FAILED(SHGetFolderPathW(nullptr, folder | CSIDL_FLAG_CREATE, nullptr, SHGFP_TYPE_CURRENT, path)))
+    return {};
+  return JoinPath(ToUtf8(path), "");
+}
+
 }  // namespace
 
 std::string WorkingDirectory() {
@@ -55,10 +63,11 @@ std::string TemporaryDirectory() {
 }
 
 std::string ApplicationDataDirectory() {
-  wchar_t path[MAX_PATH];
-  if (FAILED(SHGetFolderPathW(nullptr, CSIDL_APPDATA | CSIDL_FLAG_CREATE, nullptr, SHGFP_TYPE_CURRENT, path)))
-    return {};
-  return JoinPath(ToUtf8(path), "");
+  return UsersFolder(CSIDL_APPDATA);
+}
+
+std::string LocalDataDirectory() {
+  return UsersFolder(CSIDL_LOCAL_APPDATA);
 }
 
 std::string ProgramPath() {

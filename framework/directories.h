@@ -23,6 +23,9 @@ void ChangeWorkingDirectory(std::string_view path);
 // The user's folder for the settings of programs, with a backslash at its end; empty when there is none.
 [[nodiscard]] std::string ApplicationDataDirectory();
 
+// The user's folder for what programs keep on this machine, in the same form.
+[[nodiscard]] std::string LocalDataDirectory();
+
 // The full path of the running program.
 [[nodiscard]] std::string ProgramPath();
 

@@ -18,8 +18,17 @@ namespace {
 constexpr std::size_t kLargestTransfer = 64u << 20;
 
 DWORD AccessOf(CFile::Mode mode) {
-  if (mode == CFile::Mode::kRead) return GENERIC_READ;
-  return mode == CFile::Mode::kUpdate ? GENERIC_READ | GENERIC_WRITE : GENERIC_WRITE;
+  switch (mode) {
+    case CFile::Mode::kRead:
+      return GENERIC_READ;
+    case CFile::Mode::kUpdate:
+      return GENERIC_READ | GENERIC_WRITE;
+    case CFile::Mode::kOwn:
+    case CFile::Mode::kOwnNew:
+      return GENERIC_READ | GENERIC_WRITE | DELETE;
+    default:
+      return GENERIC_WRITE;
+  }
 }
 
 DWORD DispositionOf(CFile::Mode mode) {
@@ -27,6 +36,7 @@ DWORD DispositionOf(CFile::Mode mode) {
     case CFile::Mode::kCreate:
       return CREATE_ALWAYS;
     case CFile::Mode::kCreateNew:
+    case CFile::Mode::kOwnNew:
       return CREATE_NEW;
     default:
       return OPEN_EXISTING;

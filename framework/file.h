@@ -22,6 +22,8 @@ class CFile final : public DiskFile {
     kUpdate,     // read and write; the file must exist
     kCreate,     // write; an existing file is emptied
     kCreateNew,  // write; the file must not exist
+    kOwn,        // as kUpdate, and the file can be removed by its handle
+    kOwnNew,     // the same of a file that must not exist
   };
   // What other openers may do meanwhile.
   enum class Share { kNothing, kRead, kReadWrite };

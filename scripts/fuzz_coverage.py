@@ -13,6 +13,7 @@ LEAST = {
     "file_load_fuzz": ("edit/files/file_load.cpp", 60),
     "hex_rows_fuzz": ("viewer/records/hex_rows.cpp", 80),
     "ini_text_fuzz": ("base/ini_text.cpp", 60),
+    "journal_fuzz": ("edit/recovery/journal_reader.cpp", 80),
     "key_bindings_fuzz": ("ui/commands/key_bindings.cpp", 45),
     "line_file_fuzz": ("viewer/records/line_file.cpp", 70),
     "regex_fuzz": ("search/pattern/", 50),

@@ -45,6 +45,8 @@ int CTwApp::Run(std::string_view commandLine, int showCommand) {
   if (!program_.frame.CreateMain({CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT})) return 1;
   if (options.print) return PrintNamedFiles(options);
   ShowFrame(showCommand);
+  program_.recovery.Start(WindowsJournalDisk::UsersDirectory());
+  program_.recovery.Offer();
   if (OpenNamedFiles(options) > 0)
     program_.windows.Arrange(false);
   else

@@ -22,7 +22,8 @@ Program::Program(SettingsFiles& settingsFiles)
                state.settings.global,
                state.screenFont},
       files(services, state.settings.recentFiles, frame.Menus()),
-      windows(services, selector, frame.GetBars(), frame.Menus()),
+      recovery(services),
+      windows(services, selector, recovery, frame.GetBars(), frame.Menus()),
       keys(state.store, frame.Menus()),
       stored(state.store),
       settings(frame, state, windows, keys, stored, messages, help),
@@ -30,7 +31,7 @@ Program::Program(SettingsFiles& settingsFiles)
       projects(frame, state, windows, keys, files, session),
       tools(frame, messages, state.store),
       changedFiles(frame),
-      ending(frame, windows, selector, session, frame.GetBars(), help, messages),
+      ending(frame, windows, selector, session, recovery, frame.GetBars(), help, messages),
       rooms(services, help, stored, options, projects) {
   for (CommandTarget* room : rooms.Targets()) frame.AddTarget(*room);
   frame.AddTarget(files);
@@ -39,6 +40,7 @@ Program::Program(SettingsFiles& settingsFiles)
   frame.AddTarget(projects);
   frame.AddTarget(tools);
   frame.AddTarget(help);
+  frame.AddTarget(recovery);
   frame.AddTarget(ending);
   frame.AddTarget(changedFiles);
 }

@@ -11,6 +11,7 @@
 #include "shell/commands/help_commands.h"
 #include "shell/commands/open_files.h"
 #include "shell/commands/project_switch.h"
+#include "shell/commands/recovery.h"
 #include "shell/commands/session_keeper.h"
 #include "shell/commands/settings_commands.h"
 #include "shell/commands/tool_commands.h"
@@ -37,6 +38,7 @@ struct Program {
   HelpCommands help;
   DocumentServices services;
   OpenFiles files;
+  Recovery recovery;
   DocumentWindows windows;
   ActiveKeys keys;
   SettingsValues stored;

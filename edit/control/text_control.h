@@ -63,6 +63,9 @@ class TextControl final : public CWnd {
   TextView View() const { return buffer_.View(); }
   const Charset& TextCharset() const { return charset_; }
 
+  // Who follows the changes of the text, by whatever way they come.
+  void SetObserver(TextObserver* observer) { buffer_.SetObserver(observer); }
+
   // The whole text in one piece, valid until it changes.
   std::string_view ContiguousText() { return buffer_.Contiguous(); }
 

@@ -11,6 +11,7 @@
 #include "edit/files/file_format.h"
 #include "edit/files/file_load.h"
 #include "edit/files/known_file.h"
+#include "edit/recovery/journal_format.h"
 
 #include <optional>
 #include <string>
@@ -30,6 +31,14 @@ class CTwFileEdit : public CTwChild, public Printable, protected EditingOwner {
 
   // A new window without a name, or null when it could not be made.
   static CTwFileEdit* New(const DocumentServices& program, std::uint32_t flags);
+
+  // A new window with a text that no file holds, modified, under the name that it had. Null when it could not
+  // be made.
+  static CTwFileEdit* OpenUnsaved(const DocumentServices& program, const JournalDescription& name,
+                                  TextBuffer&& text, std::uint32_t flags);
+
+  // What a journal must know to bring the text back under its name.
+  JournalDescription JournalName() const;
 
   TextControl& Control() { return control_; }
   const TextControl& Control() const { return control_; }

@@ -7,6 +7,7 @@
 #include "edit/files/look_at_file.h"
 #include "edit/files/safe_save.h"
 #include "edit/files/save_disk.h"
+#include "edit/files/save_leftovers.h"
 #include "framework/directories.h"
 #include "framework/file.h"
 #include "framework/file_system.h"
@@ -48,16 +49,29 @@ class AskUser final : public LoadQuestions {
   const std::string& path_;
 };
 
-// Loads a file and tells the user why when that fails, except for a file that does not fit: then it throws
-// CMemoryException. `look`: what the file was that was loaded, nobody writing to it meanwhile.
+// Where the last saving of a file was broken off in the middle, and the user wants the whole text that lies
+// beside it: that.
+std::optional<WholeText> WantedWholeText(const DocumentServices& program, const std::string& path) {
+  WindowsSaveDisk disk;
+  std::optional<WholeText> whole = FindWholeText(disk, path);
+  if (whole && program.messages.ShowMessageBox(nullptr, kYesNo, kTextSaveBrokenOff, {path}) != IDYES)
+    return {};
+  return whole;
+}
+
+// Loads a file, or what takes its place, and tells the user why when that fails, except for a file that does
+// not fit: then it throws CMemoryException. `look`: what the file was that was loaded, nobody writing to it
+// meanwhile.
 std::optional<LoadedText> LoadFile(const DocumentServices& program, const std::string& path,
-                                   std::int64_t maxSize, FileLook* look = nullptr) {
+                                   std::int64_t maxSize, FileLook* look = nullptr,
+                                   const std::optional<WholeText>& whole = {}) {
   try {
-    CFile file(path, CFile::Mode::kRead, CFile::Share::kRead);
+    CFile file(whole ? whole->path : path, CFile::Mode::kRead, CFile::Share::kRead);
     if (look) *look = LookAtFile(path);
+    HeadSource text(file, whole ? whole->size : file.Size());
     CProgressBox box(program.frame.Handle(), FormatTextResource(kTextLoading, {path}));
-    box.SetWhole(static_cast<std::int64_t>(file.Size()));
-    ProgressSource source(file, box);
+    box.SetWhole(static_cast<std::int64_t>(text.Size()));
+    ProgressSource source(text, box);
     AskUser ask(program.messages, box, path);
     return LoadText(source, maxSize, ask);
   } catch (const CFileException& error) {
@@ -74,8 +88,9 @@ std::optional<LoadedText> LoadFile(const DocumentServices& program, const std::s
 
 CTwFileEdit* CTwFileEdit::Open(const DocumentServices& program, const std::string& path,
                                std::uint32_t flags) {
+  std::optional<WholeText> whole = WantedWholeText(program, path);
   FileLook look;
-  std::optional<LoadedText> loaded = LoadFile(program, path, kMaxTextSize, &look);
+  std::optional<LoadedText> loaded = LoadFile(program, path, kMaxTextSize, &look, whole);
   if (!loaded) return nullptr;
   auto* window = new CTwFileEdit(program, flags);  // belongs to its window
   window->SetPath(path);
@@ -83,9 +98,36 @@ CTwFileEdit* CTwFileEdit::Open(const DocumentServices& program, const std::strin
   window->control_.Adopt(std::move(loaded->text));
   window->format_ = loaded->format;
   window->file_.Take(look);
+  if (whole) window->SetModified(true);
   window->OnCaretMoved();
   window->ShowOpened();
   return window;
+}
+
+CTwFileEdit* CTwFileEdit::OpenUnsaved(const DocumentServices& program, const JournalDescription& name,
+                                      TextBuffer&& text, std::uint32_t flags) {
+  auto* window = new CTwFileEdit(program, flags);  // belongs to its window
+  if (name.isUntitled)
+    window->SetUntitled(name.name);
+  else
+    window->SetPath(name.name);
+  if (!window->CreateEdit()) return nullptr;
+  window->control_.Adopt(std::move(text));
+  window->format_ = name.format;
+  if (name.file != FileStamp{})
+    window->file_.Take({FileLook::Found::kFile, name.file.size, name.file.modified});
+  window->SetModified(true);
+  window->OnCaretMoved();
+  return window;
+}
+
+JournalDescription CTwFileEdit::JournalName() const {
+  JournalDescription name;
+  name.name = Path();
+  name.isUntitled = Has(kUntitled);
+  name.format = format_;
+  name.file = {file_.Taken().size, file_.Taken().modified};
+  return name;
 }
 
 // The caret and the view stay, where the new text allows. What there was to undo was of another text.
@@ -196,6 +238,7 @@ bool CTwFileEdit::WriteText(const std::string& path, FileFormat format) {
       ProgressSink shown(out, box);
       SaveText(control_.View(), format, shown);
     });
+    RemoveLeftovers(disk, path);
     return true;
   } catch (const CFileException& error) {
     Program().messages.ShowFileError(nullptr, CFileException(error.Cause(), LowerCase(path)));

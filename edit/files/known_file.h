@@ -35,6 +35,7 @@ class KnownFile {
   // The text has just been loaded from, or saved to, the file that `look` has found; a window without a file
   // has none.
   void Take(const FileLook& look);
+  const FileLook& Taken() const { return taken_; }
 
   // Whether a look has found something that the user has not been told of.
   [[nodiscard]] bool IsNews(const FileLook& look) const;

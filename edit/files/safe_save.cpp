@@ -1,6 +1,7 @@
 #include "edit/files/safe_save.h"
 
 #include "base/path_text.h"
+#include "edit/files/save_leftovers.h"
 
 #include <algorithm>
 #include <array>
@@ -132,9 +133,10 @@ void Saving::CopyBackup() {
 }
 
 void Saving::Overwrite(TemporaryFile& temporary) {
-  auto from = disk_.Open(temporary.Path(), Access::kRead);
+  auto from = disk_.Open(temporary.Path(), Access::kUpdate);
   auto to = disk_.Open(target_.path, Access::kUpdate);
   std::uint64_t newSize = from->Size(), oldSize = to->Size();
+  Seal(*from, newSize);
   if (newSize > oldSize) Extend(*from, *to, oldSize, newSize, temporary);
   // From here on the temporary file is the only whole text.
   temporary.Keep();

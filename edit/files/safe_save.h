@@ -5,7 +5,7 @@
 // link, is held open, or would lose what only the file system knows of it) is overwritten in place instead,
 // the temporary file kept until that has succeeded: what the file grows by is written first, so that a full
 // disk shows before any old byte is gone. Whatever fails, and whenever the program is killed, the disk holds
-// all of the old bytes or all of the new.
+// all of the old bytes or all of the new; which, and where, save_leftovers.h finds out.
 //
 // Paths are UTF-8. The name on the disk keeps its case.
 #pragma once
@@ -17,6 +17,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tarrow {
 
@@ -41,6 +42,9 @@ class SaveDisk {
   // Makes an empty file with a name of its own in the directory of `path`, or in the system's directory for
   // temporary files when `path` is empty. Returns its path.
   [[nodiscard]] virtual std::string MakeTemporary(const std::string& path) = 0;
+
+  // The paths of the temporary files that stand beside `path` and were made for it, the newest first.
+  [[nodiscard]] virtual std::vector<std::string> Temporaries(const std::string& path) = 0;
 
   // Opens what exists; others may read it meanwhile.
   [[nodiscard]] virtual std::unique_ptr<DiskFile> Open(const std::string& path, Access access) = 0;

@@ -11,6 +11,9 @@
 
 #include <windows.h>
 
+#include <algorithm>
+#include <functional>
+
 namespace tarrow {
 namespace {
 
@@ -97,6 +100,19 @@ SaveDisk::Target WindowsSaveDisk::Resolve(const std::string& path) {
 std::string WindowsSaveDisk::MakeTemporary(const std::string& path) {
   if (path.empty()) return MakeTempName();
   return CreateUniqueFile([&](std::uint32_t number) { return TemporaryName(path, number); });
+}
+
+std::vector<std::string> WindowsSaveDisk::Temporaries(const std::string& path) {
+  std::vector<DirectoryEntry> found = FindFiles(path + ".*");
+  std::string name = LowerCase(FileNamePart(path));
+  std::erase_if(found, [&](const DirectoryEntry& entry) {
+    std::string target = LowerCase(TargetOfTemporary(entry.name));
+    return target.empty() || target != name;
+  });
+  std::ranges::sort(found, std::greater(), &DirectoryEntry::modified);
+  std::vector<std::string> paths;
+  for (const DirectoryEntry& entry : found) paths.push_back(std::string(DirectoryPart(path)) + entry.name);
+  return paths;
 }
 
 std::unique_ptr<DiskFile> WindowsSaveDisk::Open(const std::string& path, Access access) {

@@ -25,6 +25,7 @@ class WindowsSaveDisk final : public SaveDisk {
 
   Target Resolve(const std::string& path) override;
   std::string MakeTemporary(const std::string& path) override;
+  std::vector<std::string> Temporaries(const std::string& path) override;
   std::unique_ptr<DiskFile> Open(const std::string& path, Access access) override;
   void Replace(const std::string& from, const std::string& to, const std::string& backup) override;
   void Move(const std::string& from, const std::string& to) override;

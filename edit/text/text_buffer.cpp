@@ -69,6 +69,7 @@ void TextBuffer::ReplaceBytes(TextRange range, std::string_view text) noexcept {
   bytes_.MoveGap(static_cast<std::size_t>(range.start.value));
   bytes_.RemoveAfterGap(static_cast<std::size_t>(range.Length()));
   bytes_.Append(text);
+  observer_.Replaced(range, text);
 }
 
 void TextBuffer::Replace(TextRange range, std::string_view text, EditKind kind) {

@@ -11,6 +11,7 @@
 #include "edit/text/edit_list.h"
 #include "edit/text/gap_vector.h"
 #include "edit/text/line_index.h"
+#include "edit/text/text_observer.h"
 #include "edit/text/undo.h"
 
 #include <optional>
@@ -89,6 +90,9 @@ class TextBuffer {
   // How often the text has been changed: as long as this stays, so does the text.
   std::uint64_t Changes() const { return changes_; }
 
+  // Who follows the changes of what this buffer holds, whatever is moved into it; null: nobody.
+  void SetObserver(TextObserver* observer) { observer_.Set(observer); }
+
   // How many bytes were moved since the beginning: what changing costs, for tests without a clock.
   std::uint64_t MovedBytes() const { return bytes_.MovedBytes() + lines_.MovedBytes(); }
 
@@ -105,6 +109,7 @@ class TextBuffer {
   LineIndex lines_;
   Undo undo_;
   std::uint64_t changes_ = 0;
+  ObserverLink observer_;  // the last, so that another text has arrived when it is told
 };
 
 }  // namespace tarrow

@@ -16,9 +16,14 @@ constinit const MessageMap DocumentWindows::kMessageMap = MessageMap::Make<
     OnCommand<kWindowCloseAll, &DocumentWindows::OnCloseAll, &DocumentWindows::HasWindow>,
     OnCommand<kWindowSelector, &DocumentWindows::OnSelector>>();
 
-DocumentWindows::DocumentWindows(const DocumentServices& services, CWinSelector& selector, Bars& bars,
-                                 MenuBars& menus)
-    : services_(services), frame_(services.frame), selector_(selector), bars_(bars), menus_(menus) {}
+DocumentWindows::DocumentWindows(const DocumentServices& services, CWinSelector& selector, Recovery& recovery,
+                                 Bars& bars, MenuBars& menus)
+    : services_(services),
+      frame_(services.frame),
+      selector_(selector),
+      recovery_(recovery),
+      bars_(bars),
+      menus_(menus) {}
 
 void DocumentWindows::Arrange(bool maximise) {
   CMDIChildWnd* active = frame_.ActiveChild();
@@ -93,14 +98,17 @@ void DocumentWindows::ApplySettings(bool withFont) {
 
 void DocumentWindows::ChildOpened(CMDIChildWnd& child) {
   selector_.Add(child);
+  recovery_.Opened(child);
 }
 
 void DocumentWindows::ChildRetitled(CMDIChildWnd& child) {
   selector_.Retitle(child);
+  recovery_.Retitled(child);
 }
 
 void DocumentWindows::ChildClosed(CMDIChildWnd& child) {
   selector_.Remove(child);
+  recovery_.Closed(child);
 }
 
 void DocumentWindows::ChildActivated(CMDIChildWnd& child, bool first) {

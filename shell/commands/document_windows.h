@@ -3,6 +3,7 @@
 
 #include "edit/documents/document_services.h"
 #include "framework/command_target.h"
+#include "shell/commands/recovery.h"
 #include "shell/frame/bars.h"
 #include "shell/frame/menu_bars.h"
 #include "ui/selector/window_selector.h"
@@ -12,7 +13,8 @@ namespace tarrow {
 class DocumentWindows final : public CommandTarget, public DocumentFrame {
  public:
   // All of them outlive the object.
-  DocumentWindows(const DocumentServices& services, CWinSelector& selector, Bars& bars, MenuBars& menus);
+  DocumentWindows(const DocumentServices& services, CWinSelector& selector, Recovery& recovery, Bars& bars,
+                  MenuBars& menus);
 
   // Lays all windows out as the settings say; a maximised layout only with `maximise`.
   void Arrange(bool maximise);
@@ -49,6 +51,7 @@ class DocumentWindows final : public CommandTarget, public DocumentFrame {
   const DocumentServices& services_;
   CMDIFrameWnd& frame_;
   CWinSelector& selector_;
+  Recovery& recovery_;
   Bars& bars_;
   MenuBars& menus_;
 };

@@ -5,6 +5,7 @@
 #include "framework/command_target.h"
 #include "shell/commands/document_windows.h"
 #include "shell/commands/help_commands.h"
+#include "shell/commands/recovery.h"
 #include "shell/commands/session_keeper.h"
 #include "shell/frame/bars.h"
 #include "shell/frame/message_boxes.h"
@@ -15,11 +16,12 @@ class Ending final : public CommandTarget {
  public:
   // All of them outlive the object.
   Ending(CMDIFrameWnd& frame, DocumentWindows& windows, CWinSelector& selector, SessionKeeper& session,
-         Bars& bars, HelpCommands& help, MessageBoxes& messages)
+         Recovery& recovery, Bars& bars, HelpCommands& help, MessageBoxes& messages)
       : frame_(frame),
         windows_(windows),
         selector_(selector),
         session_(session),
+        recovery_(recovery),
         bars_(bars),
         help_(help),
         messages_(messages) {}
@@ -30,7 +32,7 @@ class Ending final : public CommandTarget {
 
  private:
   void OnExit() { frame_.Post(WM_CLOSE); }
-  bool OnQueryEndSession() { return windows_.QueryCloseAll(); }
+  bool OnQueryEndSession() { return wasAsked_ = windows_.QueryCloseAll(); }
   void OnEndSession(bool ending);
   void OnClose();
 
@@ -38,9 +40,11 @@ class Ending final : public CommandTarget {
   DocumentWindows& windows_;
   CWinSelector& selector_;
   SessionKeeper& session_;
+  Recovery& recovery_;
   Bars& bars_;
   HelpCommands& help_;
   MessageBoxes& messages_;
+  bool wasAsked_ = false;  // about every text, since the session of the system has begun to end
 };
 
 }  // namespace tarrow

@@ -126,7 +126,17 @@ class Scenario(unittest.TestCase):
         self.initialisation = self.folder / "settings" / "tarrow.ini"
         self.initialisation.parent.mkdir()
         self.write_settings()
+        self.forget_journals()
         self.programs = []
+
+    def journals(self):
+        """The journals of texts that are not saved."""
+        return list(self.stage.wine.prefix.glob("drive_c/users/*/AppData/Local/Tarrow/Recovery/*.journal"))
+
+    def forget_journals(self):
+        """What stopped programs have left would be offered to the next one."""
+        for journal in self.journals():
+            journal.unlink()
 
     def write_settings(self, sections=None, **values):
         """Writes the initialisation file: the Settings section, and other sections as dictionaries."""

@@ -33,6 +33,11 @@ inline constexpr UINT kCommandTickMessage = WM_USER + 31;
 // Posted to the frame: the settings are to be read anew for another project, or for none.
 inline constexpr UINT kReloadMessage = WM_USER + 32;
 
+// Posted to the frame: what has come together for the journals is to be written; and by the thread that
+// writes them: it has nothing to do any more.
+inline constexpr UINT kJournalsDueMessage = WM_USER + 33;
+inline constexpr UINT kJournalsIdleMessage = WM_USER + 34;
+
 // The menu bars by their old resource numbers.
 enum class MenuBar { kNoDocument = 3, kEdit = 4 };
 

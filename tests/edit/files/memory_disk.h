@@ -25,9 +25,9 @@ class MemoryDisk final : public SaveDisk {
   int killAt = -1;
   int steps = 0;
 
-  // The bytes of all files that are new text or old, temporary ones included.
+  // Whether any file, temporary ones included, holds these bytes, be it with a seal behind them.
   bool Holds(const std::string& bytes) const {
-    return std::ranges::any_of(files, [&](auto& file) { return file.second == bytes; });
+    return std::ranges::any_of(files, [&](auto& file) { return file.second.starts_with(bytes); });
   }
 
   Target Resolve(const std::string& path) override {
@@ -40,7 +40,14 @@ class MemoryDisk final : public SaveDisk {
     if (!path.empty() && directoryIsClosed) throw CFileException(FileCause::kAccessDenied, path);
     std::string name = (path.empty() ? "temp" : "beside") + std::to_string(steps);
     files[name];
+    if (!path.empty()) temporaries_[name] = path;
     return name;
+  }
+  std::vector<std::string> Temporaries(const std::string& path) override {
+    std::vector<std::string> found;
+    for (const auto& [name, target] : temporaries_)
+      if (target == path && files.contains(name)) found.push_back(name);
+    return found;
   }
   std::unique_ptr<DiskFile> Open(const std::string& path, Access) override;
   void Replace(const std::string& from, const std::string& to, const std::string& backup) override {
@@ -76,6 +83,8 @@ class MemoryDisk final : public SaveDisk {
 
  private:
   class File;
+
+  std::map<std::string, std::string> temporaries_;  // with what they were made for
 };
 
 class MemoryDisk::File final : public DiskFile {

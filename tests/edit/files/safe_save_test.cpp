@@ -1,5 +1,6 @@
 #include "edit/files/safe_save.h"
 
+#include "edit/files/save_leftovers.h"
 #include "tests/edit/files/memory_disk.h"
 
 #include <gtest/gtest.h>
@@ -121,6 +122,55 @@ TEST(SafeSave, DeathAtAnyStepLeavesTheOldTextOrTheNew) {
           attempt.disk.files.contains(kName) && attempt.disk.files[kName].starts_with(attempt.before);
       EXPECT_TRUE(attempt.HasOldText() || growing || attempt.disk.Holds(attempt.after));
     }
+  }
+}
+
+// Whatever step is the last, the next opening offers the whole text where the file is not whole, and nothing
+// but a whole text; where the file is whole, nothing is left beside it once it has been opened or saved.
+TEST(SafeSave, OpeningAfterDeathAtAnyStepFindsTheWholeText) {
+  int offered = 0, unsealed = 0;
+  for (const Situation& situation : kSituations) {
+    if (situation.closedDirectory || !situation.existing) continue;
+    for (int step = 0; step < StepsOf(situation); ++step) {
+      SCOPED_TRACE(testing::Message() << situation.name << ", step " << step);
+      Attempt attempt(situation);
+      attempt.disk.killAt = step;
+      try {
+        (void)attempt.Save();
+      } catch (const MemoryDisk::Killed&) {
+      }
+      attempt.disk.killAt = -1;
+      unsealed += !attempt.disk.Temporaries(kName).empty();
+      std::optional<WholeText> whole = FindWholeText(attempt.disk, kName);
+      if (!whole) {
+        EXPECT_TRUE(attempt.HasOldText() || attempt.HasNewText());
+        EXPECT_TRUE(attempt.disk.Temporaries(kName).empty());
+        continue;
+      }
+      ++offered;
+      EXPECT_FALSE(attempt.HasNewText());
+      EXPECT_EQ(attempt.disk.files[whole->path].substr(0, static_cast<std::size_t>(whole->size)),
+                attempt.after);
+      EXPECT_EQ(FindWholeText(attempt.disk, kName)->path, whole->path) << "it stays until the file is saved";
+      EXPECT_EQ(attempt.Save(), std::nullopt);
+      RemoveLeftovers(attempt.disk, kName);
+      EXPECT_EQ(attempt.disk.files.size(), 2u) << "the file and its backup";
+    }
+  }
+  EXPECT_GT(offered, 10);
+  EXPECT_GT(unsealed, offered);
+}
+
+TEST(SafeSave, TextThatOnlyLooksSealedIsNot) {
+  MemoryDisk disk;
+  disk.files[kName] = "old";
+  SafeSave(disk, kName, {}, [](ByteSink& out) { out.Write("text"); });
+  std::string temporary = disk.MakeTemporary(kName);
+  Seal(*disk.Open(temporary, SaveDisk::Access::kUpdate), 0);
+  std::string seal = disk.files[temporary];
+  for (const std::string& bytes : {seal.substr(1), seal + "x", "x" + seal, std::string("text")}) {
+    disk.files[temporary] = bytes;
+    EXPECT_EQ(SealedSize(*disk.Open(temporary, SaveDisk::Access::kRead)), std::nullopt);
   }
 }
 

@@ -2,6 +2,7 @@
 #include "edit/files/save_disk.h"
 
 #include "base/path_text.h"
+#include "edit/files/save_leftovers.h"
 #include "edit/files/temporary_name.h"
 #include "framework/unicode.h"
 #include "tests/framework/scratch_directory.h"
@@ -43,6 +44,22 @@ TEST_P(SaveDiskTest, NewFile) {
   Save(scratch / "New File.c", "text");
   EXPECT_EQ(ReadWholeFile(scratch / "new file.c"), "text");
   EXPECT_EQ(FileCount(), 1u);
+}
+
+TEST_P(SaveDiskTest, FindsItsOwnTemporariesAndNothingElse) {
+  std::string path = scratch.Make("Mixed.c", "x");
+  for (const char* other :
+       {"mixed.c.txt", "mixed.c.0123456.tarrow", "mixed.c.0123456G.tarrow", "other.c.01234567.tarrow"})
+    scratch.Make(other, "x");
+  scratch.Make("MIXED.C.01234567.tarrow", "x");
+  WindowsSaveDisk disk(GetParam());
+  std::string made = disk.MakeTemporary(path);
+  EXPECT_EQ(disk.Temporaries(LowerCase(path)).size(), 2u);
+  EXPECT_TRUE(disk.Temporaries(scratch / "").empty());
+  EXPECT_TRUE(disk.Temporaries("").empty());
+  RemoveLeftovers(disk, LowerCase(path));
+  EXPECT_FALSE(FileExists(made));
+  EXPECT_EQ(FileCount(), 5u);
 }
 
 TEST_P(SaveDiskTest, NameKeepsItsCaseAndTheFileItsAttributes) {
