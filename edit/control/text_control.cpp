@@ -102,7 +102,7 @@ void TextControl::Adopt(TextBuffer&& text) {
   modified_ = false;
   column_.reset();
   selectionBeforeList_.reset();
-  Invalidate();
+  RestartColours();
   UpdateScrollBars();
   PlaceCaret();
 }
@@ -144,6 +144,7 @@ bool TextControl::Change(TextRange range, Action action) {
   {
     HiddenCaret hidden(hasFocus_ ? Handle() : nullptr);
     Select(select);
+    SettleView();
     if (isOneLine) PaintNow(line);
   }
   Notify(EN_CHANGE);
@@ -202,6 +203,7 @@ void TextControl::Append(std::string_view text) {
   checkpoints_.Truncate(end);
   selectionBeforeList_.reset();
   InvalidateFrom(last);
+  WantIdleTime();
   if (follows)
     Select(buffer_.End(), buffer_.End());
   else
@@ -269,6 +271,7 @@ LRESULT TextControl::OnSetFont(WPARAM font, LPARAM redraw) {
 
 void TextControl::SetFont(HFONT font) {
   font_ = std::make_unique<FontWidths>(font);
+  colouring_.SetFont(*font_);
   UpdateTabs();
   if (hasFocus_) MakeCaret();
 }
