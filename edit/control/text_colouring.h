@@ -13,13 +13,14 @@
 
 #include <array>
 #include <optional>
+#include <utility>
 
 namespace tarrow {
 
 class TextColouring {
  public:
-  // What follows is put into effect by Start().
-  void SetLexer(const Lexer* lexer) { lexer_ = lexer; }
+  // What follows is put into effect by Start(). Whether the lexer is another one than before.
+  bool SetLexer(const Lexer* lexer) { return std::exchange(lexer_, lexer) != lexer; }
   void SetChoices(const std::optional<StyleChoices>& choices) { choices_ = choices; }
 
   // Begins anew: with another text, lexer or choice, or with other colours of the system. The text outlives

@@ -21,8 +21,7 @@ constexpr std::int64_t kAbove = 200;
 }  // namespace
 
 void TextControl::SetLexer(const Lexer* lexer) {
-  colouring_.SetLexer(lexer);
-  RestartColours();
+  if (colouring_.SetLexer(lexer)) RestartColours();
 }
 
 void TextControl::SetStyles(const std::optional<StyleChoices>& choices) {
