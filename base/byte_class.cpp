@@ -1,6 +1,7 @@
 #include "base/byte_class.h"
 
 #include "base/byte_mask.h"
+#include "base/byte_scan.h"
 
 #include <bit>
 
@@ -71,9 +72,11 @@ unsigned ByteClass::Hits(const char* block) const {
 template <int kRanges>
 std::size_t ByteClass::FindInBlocks(std::string_view text, unsigned flip) const {
   std::size_t i = 0;
-  for (; i + kBlock <= text.size(); i += kBlock)
+  for (; i + kBlock <= text.size(); i += kBlock) {
+    _mm_prefetch(text.data() + i + kPrefetchAhead, _MM_HINT_T0);
     if (unsigned hits = Hits<kRanges>(text.data() + i) ^ flip)
       return i + static_cast<std::size_t>(std::countr_zero(hits));
+  }
   if (i == text.size()) return i;
   // The rest lies in a last block that overlaps the one before, which had no hit.
   i = text.size() - kBlock;

@@ -37,6 +37,7 @@ std::size_t FindForward(std::string_view text, Hits hits, Wanted wanted) {
   const char* p = text.data();
   std::size_t n = text.size(), i = 0;
   for (; i + 2 * kBlock <= n; i += 2 * kBlock) {
+    _mm_prefetch(p + i + kPrefetchAhead, _MM_HINT_T0);
     unsigned low = hits(Load(p + i)), high = hits(Load(p + i + kBlock));
     if (low | high) return low ? i + Lowest(low) : i + kBlock + Lowest(high);
   }

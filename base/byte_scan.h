@@ -11,6 +11,10 @@
 
 namespace tarrow {
 
+// How far ahead, in bytes, a long scan asks for memory: it is faster than memory, and the machine itself does
+// not look beyond the end of a page.
+inline constexpr std::size_t kPrefetchAhead = 2048;
+
 std::size_t FindByte(std::string_view text, char byte);
 std::size_t FindEitherByte(std::string_view text, char first, char second);
 std::size_t CountByte(std::string_view text, char byte);

@@ -25,6 +25,15 @@ class ByteSource {
 
   // The size now. Throws CFileException where there is none, as on a pipe.
   [[nodiscard]] virtual std::uint64_t Size() = 0;
+
+  // All bytes from the current position to the end, in memory without having been read, for as long as the
+  // source lives. Empty where the system does not offer that, and where reading is as good.
+  [[nodiscard]] virtual std::string_view Map() { return {}; }
+
+  // Moves past `count` bytes of Map() that have been looked at. False, without moving, when some of them were
+  // no longer the file's, because somebody has cut it: what was seen there is not to be believed. Throws
+  // CFileException.
+  [[nodiscard]] virtual bool PassMapped(std::size_t count) { return count == 0; }
 };
 
 // The bytes of a string that outlives the source.

@@ -2,6 +2,7 @@
 // prints what the window of its result would show.
 
 #include "base/text_format.h"
+#include "base/version.h"
 #include "console/commands.h"
 #include "console/system.h"
 #include "ui/program/string_ids.h"
@@ -22,7 +23,7 @@ std::string GeneralHelp() {
     help += FormatText("  %-8s %-16s %s\n", {command.name, command.operands, command.summary});
   return help +
          "\nA file named \"-\" is the standard input (not for lines and hex, which need a file on a disk).\n"
-         "\"tarrowc COMMAND --help\" tells more of a command.\n";
+         "\"tarrowc COMMAND --help\" tells more of a command, \"tarrowc --version\" the version.\n";
 }
 
 std::string HelpOn(const Command& command) {
@@ -80,10 +81,10 @@ int RunCommand(const Command& command, std::span<const std::string> words) {
   return command.troubleCode;
 }
 
-int PrintGeneralHelp() {
+int PrintToOutput(std::string_view text) {
   Console console("help");
   try {
-    Print(Stream::kOutput, GeneralHelp());
+    Print(Stream::kOutput, text);
     return 0;
   } catch (const CFileException& failure) {
     console.Complain(failure);
@@ -97,7 +98,8 @@ int Run(std::span<const std::string> words) {
     return kUsageCode;
   }
   const std::string& name = words[0];
-  if (name == "--help" || name == "-h" || name == "help") return PrintGeneralHelp();
+  if (name == "--help" || name == "-h" || name == "help") return PrintToOutput(GeneralHelp());
+  if (name == "--version") return PrintToOutput("tarrowc " TARROW_VERSION "\n");
   auto commands = Commands();
   auto command =
       std::find_if(commands.begin(), commands.end(), [&](const Command& c) { return c.name == name; });

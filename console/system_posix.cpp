@@ -1,4 +1,5 @@
 #include "base/exceptions.h"
+#include "console/mapped_file.h"
 #include "console/system.h"
 
 #include <fcntl.h>
@@ -65,11 +66,26 @@ class PosixFile final : public ByteSource {
     return static_cast<std::uint64_t>(status.st_size);
   }
 
+  std::string_view Map() override {
+    map_ = MapFile(descriptor_);
+    off_t position = map_ ? lseek(descriptor_, 0, SEEK_CUR) : -1;
+    return position < 0 ? std::string_view() : map_->From(static_cast<std::size_t>(position));
+  }
+
+  bool PassMapped(std::size_t count) override {
+    EndIfInterrupted();
+    off_t position = lseek(descriptor_, 0, SEEK_CUR);
+    if (position < 0 || map_->HasLost() || Size() < static_cast<std::uint64_t>(position) + count)
+      return false;
+    return lseek(descriptor_, static_cast<off_t>(count), SEEK_CUR) >= 0;
+  }
+
  private:
   [[noreturn]] void Fail() const { throw CFileException(FileCauseFromErrno(errno), name_); }
 
   int descriptor_;
   std::string name_;
+  std::unique_ptr<MappedFile> map_;
 };
 
 // A file that nobody writes to yet, a FIFO, is waited for.

@@ -37,6 +37,13 @@ void WatchedSource::Seek(std::uint64_t position) {
   ended_ = false;
 }
 
+bool WatchedSource::PassMapped(std::size_t count) {
+  if (!source_->PassMapped(count)) return false;
+  position_ += count;
+  progress_.AddRead(count);
+  return true;
+}
+
 void WatchedSource::FillBuffer() {
   if (!buffer_) buffer_ = std::make_unique_for_overwrite<char[]>(kReadAhead);
   ahead_ = {buffer_.get(), ReadThrough({buffer_.get(), kReadAhead})};

@@ -18,6 +18,8 @@ class WatchedSource final : public ByteSource {
   std::size_t Read(std::span<char> into) override;
   void Seek(std::uint64_t position) override;
   std::uint64_t Size() override { return source_->Size(); }
+  std::string_view Map() override { return source_->Map(); }
+  bool PassMapped(std::size_t count) override;
 
   // Whether it has ended before the size that it had at first.
   bool HasShrunk() const { return hasShrunk_; }

@@ -89,11 +89,14 @@ def virtual_display():
 class Wine:
     """Wine with a prefix of its own under build/, on a given display."""
 
-    def __init__(self, display, desktop=True):
-        """On a display without a window manager, Wine's own `desktop` frames the windows and gives them the keys."""
+    def __init__(self, display, desktop=True, name=None):
+        """On a display without a window manager, Wine's own `desktop` frames the windows and gives them the keys.
+
+        `name` is the folder of another prefix than the one that all tests share.
+        """
         self.display = display
         self.desktop = desktop
-        self.prefix = BUILD / ("wine" if desktop else "wine-plain")
+        self.prefix = BUILD / (name or ("wine" if desktop else "wine-plain"))
         # Mono and Gecko would be offered for download; nothing here uses them.
         self.environment = os.environ | {
             "WINEPREFIX": str(self.prefix), "DISPLAY": display, "WINEDEBUG": "-all",

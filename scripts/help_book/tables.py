@@ -50,7 +50,15 @@ class Sources:
         if len(paths) != 1:
             raise MissingTable(f"the program has {len(paths)} files {name}")
         self.read += paths
-        return re.sub(r"^\s*//.*$", "", paths[0].read_text(encoding="utf-8"), flags=re.MULTILINE)
+        code = re.sub(r"^\s*//.*$", "", paths[0].read_text(encoding="utf-8"), flags=re.MULTILINE)
+        return re.sub(r'" TARROW_VERSION\b', lambda _: f'{self.version}"', code)
+
+    @functools.cached_property
+    def version(self):
+        """The version of the program, such as "1.0"."""
+        (major,), (minor,) = (self.rows("base/version.h", rf"^#define TARROW_{part} (\d+)$", "version", re.MULTILINE)[0]
+                              for part in ("MAJOR", "MINOR"))
+        return f"{major}.{minor}"
 
     def rows(self, name, pattern, what, flags=0):
         found = [row.groups() for row in re.finditer(pattern, self.text(name), flags)]

@@ -37,6 +37,9 @@ class FileSearch {
  private:
   class Lines;
 
+  void SearchMapped(Lines& lines, ByteSource& file);
+  void SearchRead(Lines& lines, ByteSource& file);
+
   LinePattern& pattern_;
   Listing listing_;
   TextSink& sink_;

@@ -1,6 +1,6 @@
 // Finds a fixed string, in either case if wanted, at nearly the speed of reading the text.
 //
-// Two bytes of the string, those that are rarest in source code, are compared with 16 places at once; only
+// Two bytes of the string, those that are rarest in source code, are compared with many places at once; only
 // where both agree is the rest looked at. Comparing a single byte, as a memchr-led search does, stops far too
 // often on the letters that words are made of.
 #pragma once
@@ -44,6 +44,10 @@ class LiteralFinder {
   bool Hits(const Probe& probe, const char* text) const {
     return (static_cast<std::uint8_t>(text[probe.offset]) | probe.caseBit) == probe.byte;
   }
+  template <bool kFold>
+  unsigned NextHits(const char* p, std::size_t& i, std::size_t places) const;
+  template <bool kFold>
+  unsigned NextHitsAvx2(const char* p, std::size_t& i, std::size_t places) const;
   template <bool kFold>
   std::size_t FindPairs(std::string_view text, std::size_t places) const;
 

@@ -1,3 +1,4 @@
+#include "base/version.h"
 #include "program_run.h"
 
 #include <gtest/gtest.h>
@@ -35,6 +36,8 @@ TEST_F(Tarrowc, ExplainsItselfAndEveryCommand) {
   }
   EXPECT_EQ(directory.Run({}).exitCode, 2);
   EXPECT_EQ(directory.Run({}).err, help.out);
+  // The number itself stands in one place of the program and in no second one.
+  EXPECT_TRUE(directory.Run({"--version"}).out.starts_with("tarrowc " TARROW_VERSION));
 }
 
 TEST_F(Tarrowc, TellsWhatIsWrongWithACommandLine) {

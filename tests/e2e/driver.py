@@ -86,8 +86,10 @@ def plain(text):
 class Stage:
     """A display with Wine's desktop and the probe on it, and a printer, where one program after another plays."""
 
-    def __init__(self, wine, width, printer):
+    def __init__(self, wine, width, printer, program=None):
+        """`program` is played instead of the one that stands in the build of that width."""
         self.wine, self.width, self.printer = wine, width, printer
+        self.program = program or BUILD / width / "tarrow.exe"
         self.probe = Probe(wine, width)
 
     def close(self):

@@ -58,12 +58,15 @@ def scenarios(words):
                               if not words or any(word in test.id() for word in words))
 
 
-def play(wine, width, words=(), say=print):
-    """Plays the scenarios that `words` select; gives how many passed, and the texts of those that failed."""
+def play(wine, width, words=(), say=print, program=None):
+    """Plays the scenarios that `words` select, with a `program` elsewhere than in the build.
+
+    Gives how many passed, and the texts of those that failed.
+    """
     result = Result(say)
     with Printer().running() as printer:
         wine.environment |= printer.environment
-        Scenario.stage = Stage(wine, width, printer)
+        Scenario.stage = Stage(wine, width, printer, program)
         try:
             scenarios(words).run(result)
         finally:

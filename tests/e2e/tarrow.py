@@ -25,10 +25,9 @@ class Tarrow(Program):
     """The running program."""
 
     def __init__(self, stage, directory, words, initialisation, program=None):
-        program = program or BUILD / stage.width / "tarrow.exe"
         options = ["-i", windows_path(initialisation)] if initialisation else []
         names = [word if word.startswith("-") else windows_path(directory / word) for word in words]
-        super().__init__(stage, [windows_path(program), *options, *names], directory)
+        super().__init__(stage, [windows_path(program or stage.program), *options, *names], directory)
 
     def is_main(self, window):
         return window.kind == "TarrowFrame"

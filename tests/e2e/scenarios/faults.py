@@ -57,6 +57,18 @@ class FullDisk(Scenario):
 
 
 class LockedFiles(Scenario):
+    def test_a_failing_save_under_a_new_name_tells_the_name_as_windows_show_it(self):
+        target = self.write("TakenName.Txt", b"b\r\n")
+        self.stage.probe.ask("hold", windows_path(target))
+        self.addCleanup(self.stage.probe.ask, "release")
+        program, path = self.open("a.txt", b"a\r\n")
+        self.stage.keys("F12")
+        program.fill_file_dialog(target)
+        program.answer("already exists", "Yes")
+        self.assertIn(shown_path(target), program.answer("Error accessing", "OK"))
+        self.assertEqual(target.read_bytes(), b"b\r\n")
+        program.wait_titles([shown_path(path)])
+
     def test_a_file_that_another_program_writes_is_not_opened(self):
         path = self.write("a.txt", b"a\r\n")
         self.stage.probe.ask("hold", windows_path(path))

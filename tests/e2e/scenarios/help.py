@@ -6,7 +6,7 @@ import subprocess
 import urllib.parse
 
 from tarrow import Scenario
-from workshop import BUILD, windows_path
+from workshop import windows_path
 
 GLOBAL_SETTINGS, KEY_BINDINGS, CONTENTS, SEARCH, WINDOW_CONTEXT = 4008, 254, 8001, 8002, 8003
 BROWSER_KEY = r"HKCR\http\shell\open\command"
@@ -22,7 +22,7 @@ class Help(Scenario):
         self.home = self.folder / "our home"
         self.home.mkdir()
         self.program = self.home / "tarrow.exe"
-        shutil.copy(BUILD / self.stage.width / "tarrow.exe", self.program)
+        shutil.copy(self.stage.program, self.program)
         self.shown = self.folder / "shown.html"
         before = self.registry("query", "/ve").stdout
         self.addCleanup(self.register, re.search(r"REG_(?:EXPAND_)?SZ\s+(.*?)\r?\n", before)[1])

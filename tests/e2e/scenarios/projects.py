@@ -114,7 +114,7 @@ class Wrapper(ProjectScenario):
         disk.mkdir()
         subprocess.run(["mount", "-t", "tmpfs", "-o", "size=256k", "tmpfs", disk], check=True)
         self.addCleanup(subprocess.run, ["umount", "-l", disk], check=True)
-        wrapper = BUILD / self.stage.width / "nt" / "projexec.exe"
+        wrapper = self.stage.program.parent / "nt" / "projexec.exe"
         output = disk / "output"
         process = self.stage.wine.start([wrapper, windows_path(output), *self.tool("flood", "1").split()],
                                         cwd=self.folder, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE)

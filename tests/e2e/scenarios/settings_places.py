@@ -5,7 +5,6 @@ import shutil
 import subprocess
 
 from tarrow import Scenario
-from workshop import BUILD
 
 WM_ENDSESSION = 0x16
 
@@ -17,7 +16,7 @@ class Installed(Scenario):
         """Copies the program; gives its path."""
         program = self.folder / place / "tarrow.exe"
         program.parent.mkdir(parents=True)
-        shutil.copy(BUILD / self.stage.width / "tarrow.exe", program)
+        shutil.copy(self.stage.program, program)
         return program
 
     def run_once(self, program):

@@ -16,15 +16,20 @@ namespace {
 
 using Listing = FileSearch::Listing;
 
-std::string Found(const std::string& pattern, const std::string& file, Listing listing = Listing::kLines,
-                  FindOptions options = {}) {
+std::string FoundIn(ByteSource& source, const std::string& pattern, Listing listing,
+                    FindOptions options = {}) {
   LinePattern compiled;
   EXPECT_EQ(compiled.Compile(pattern, options), PatternError::kNone) << pattern;
   StringSink sink;
-  StringSource source(file);
   FileSearch search(compiled, listing, sink, nullptr);
   (void)search.Run(source, "f.c", "c:\\f.c");
   return sink.text;
+}
+
+std::string Found(const std::string& pattern, const std::string& file, Listing listing = Listing::kLines,
+                  FindOptions options = {}) {
+  StringSource source(file);
+  return FoundIn(source, pattern, listing, options);
 }
 
 TEST(FileSearch, ListsMatchingLines) {
@@ -118,6 +123,47 @@ TEST(FileSearch, AgreesWithSearchingLineByLine) {
     (void)search.Run(bytes, "f", "f");
     ASSERT_EQ(sink.text, NaiveSearch(source, options, file)) << Quoted(source) << " in " << Quoted(file);
   }
+}
+
+// A file that was mapped and has then been cut: what it lost reads as zeros there.
+class MappedSource final : public ByteSource {
+ public:
+  MappedSource(std::string_view bytes, std::size_t sizeNow)
+      : mapped_(bytes.substr(0, sizeNow)), size_(sizeNow) {
+    mapped_.resize(bytes.size());
+  }
+
+  std::string_view Map() override { return mapped_; }
+  bool PassMapped(std::size_t count) override {
+    if (position_ + count > size_) return false;
+    position_ += count;
+    return true;
+  }
+  std::size_t Read(std::span<char> into) override {
+    std::size_t n = StringSource(std::string_view(mapped_).substr(position_, size_ - position_)).Read(into);
+    position_ += n;
+    return n;
+  }
+  void Seek(std::uint64_t) override {}
+  std::uint64_t Size() override { return size_; }
+
+ private:
+  std::string mapped_;
+  std::size_t position_ = 0, size_;
+};
+
+TEST(FileSearch, FindsInAMappedFileWhatReadingFindsAndNothingThatIsGone) {
+  std::string file;
+  for (int i = 0; file.size() < 700'000; ++i)
+    file += i % 900 == 0 ? std::string(700, 'x') + " rare\n" : "line " + std::to_string(i) + "\r\n";
+  file += "the last line, rare";
+  for (const char* pattern : {"rare", "^l", "[0-9]77", "absent", "^[^z]*$"})
+    for (Listing listing : {Listing::kLines, Listing::kCounts})
+      for (std::size_t size : {file.size(), std::size_t{600'000}, std::size_t{300'000}, std::size_t{0}}) {
+        MappedSource source(file, size);
+        EXPECT_EQ(FoundIn(source, pattern, listing), Found(pattern, file.substr(0, size), listing))
+            << pattern << " in " << size;
+      }
 }
 
 TEST(FileSearch, KnowsTheCharactersOfEachLine) {
