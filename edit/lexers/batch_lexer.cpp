@@ -35,7 +35,7 @@ bool SkipVariable(LineCursor& line) {
     line.Skip(2);
     if (next == '%' && line.Peek() == '~') line.Skip();
     line.SkipWord();
-  } else if (sign == '%' && (IsDecimal(next) || next == '*')) {
+  } else if (sign == '%' && (IsDigitByte(next) || next == '*')) {
     line.Skip(2);
   } else if (close != std::string_view::npos && (IsWordByte(next) || next == '(')) {
     line.SkipTo(close + 1);
@@ -48,7 +48,7 @@ bool SkipVariable(LineCursor& line) {
 class BatchFileLexer final : public Lexer {
   LexState Scan(std::string_view text, LexState state, StyleRuns* runs) const override {
     LineCursor line(text, runs);
-    line.SkipWhile([](char c) { return IsBlank(c) || c == '@' || c == '('; });
+    line.SkipWhile([](char c) { return IsBlankByte(c) || c == '@' || c == '('; });
     std::size_t start = line.At();
     if (state == kFresh && IsComment(line)) {
       line.EndLine(Style::kComment);

@@ -11,15 +11,15 @@
 
 namespace tarrow {
 
-constexpr bool IsBlank(char c) {
+constexpr bool IsBlankByte(char c) {
   return c == ' ' || c == '\t';
 }
-constexpr bool IsDecimal(char c) {
+constexpr bool IsDigitByte(char c) {
   return c >= '0' && c <= '9';
 }
 // Letters, digits, underscores, and all bytes from 0x80 on.
 constexpr bool IsWordByte(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || IsDecimal(c) || c == '_' ||
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || IsDigitByte(c) || c == '_' ||
          static_cast<signed char>(c) < 0;
 }
 
@@ -49,7 +49,7 @@ class LineCursor {
     while (at_ < line_.size() && wanted(line_[at_])) ++at_;
     return line_.substr(from, at_ - from);
   }
-  std::string_view SkipBlanks() { return SkipWhile(IsBlank); }
+  std::string_view SkipBlanks() { return SkipWhile(IsBlankByte); }
   std::string_view SkipWord() { return SkipWhile(IsWordByte); }
 
   // Passes what stands between here and the next `quote`, which is here, too; to the end where none follows.

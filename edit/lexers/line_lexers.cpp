@@ -33,7 +33,7 @@ class DefinitionLexer final : public Lexer {
     if (next == '"' || next == '\'') {
       line.SkipQuoted();
       line.End(Style::kString);
-    } else if (IsDecimal(next) || (next == '@' && IsDecimal(line.Peek(1)))) {
+    } else if (IsDigitByte(next) || (next == '@' && IsDigitByte(line.Peek(1)))) {
       line.Skip();
       line.SkipWord();
       line.End(Style::kNumber);
@@ -77,7 +77,7 @@ class InitialisationLexer final : public Lexer {
       line.End(Style::kString);
     } else {
       bool isSigned = line.Peek() == '-' || line.Peek() == '+';
-      bool isNumber = IsDecimal(line.Peek(isSigned ? 1 : 0));
+      bool isNumber = IsDigitByte(line.Peek(isSigned ? 1 : 0));
       line.Skip(isSigned ? 1 : 0);
       line.SkipWord();
       line.SkipBlanks();

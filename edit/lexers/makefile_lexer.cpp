@@ -113,7 +113,7 @@ class MakefileLexer final : public Lexer {
   LexState Scan(std::string_view text, LexState state, StyleRuns* runs) const override {
     bool continues = text.ends_with('\\');
     LineCursor line(text, runs);
-    bool isCommand = state == kFresh && IsBlank(line.Peek());
+    bool isCommand = state == kFresh && IsBlankByte(line.Peek());
     line.SkipBlanks();
     if (state == kComment || (state == kFresh && line.Peek() == '#')) {
       line.EndLine(Style::kComment);

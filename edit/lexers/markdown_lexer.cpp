@@ -35,7 +35,7 @@ Fence FenceOf(std::string_view text) {
 // Whether the line is nothing but `sign` and blanks, three signs at least: a rule, or the line under a
 // heading.
 bool IsRule(std::string_view text, char sign) {
-  auto isPart = [=](char c) { return c == sign || IsBlank(c); };
+  auto isPart = [=](char c) { return c == sign || IsBlankByte(c); };
   return std::ranges::all_of(text, isPart) && std::ranges::count(text, sign) >= 3;
 }
 
@@ -110,14 +110,14 @@ class Inline {
     char inner = line_.Peek(length);
     bool isWithin = sign == '_' && line_.At() > 0 && IsWordByte(line_.Before());
     bool& isMissing = noEmphasis_[(sign == '_' ? 2 : 0) + length - 1];
-    if (isMissing || isWithin || inner == '\0' || IsBlank(inner)) return false;
+    if (isMissing || isWithin || inner == '\0' || IsBlankByte(inner)) return false;
     std::string_view signs = line_.Line().substr(line_.At(), length);
     for (std::size_t at = line_.At() + length + 1;; at += length) {
       at = line_.Line().find(signs, at);
       if (at == std::string_view::npos) break;
       std::size_t behind = at + length;
       bool joins = sign == '_' && behind < line_.Line().size() && IsWordByte(line_.Line()[behind]);
-      if (IsBlank(line_.Line()[at - 1]) || joins) continue;
+      if (IsBlankByte(line_.Line()[at - 1]) || joins) continue;
       line_.SkipTo(behind);
       line_.End(length == 2 ? Style::kStrong : Style::kEmphasis);
       return true;
@@ -160,9 +160,9 @@ void LexMarks(LineCursor& line) {
   std::size_t from = line.At();
   if (char c = line.Peek(); c == '-' || c == '+' || c == '*')
     line.Skip();
-  else if (!line.SkipWhile(IsDecimal).empty() && (line.Peek() == '.' || line.Peek() == ')'))
+  else if (!line.SkipWhile(IsDigitByte).empty() && (line.Peek() == '.' || line.Peek() == ')'))
     line.Skip();
-  if (line.At() > from && IsBlank(line.Peek()))
+  if (line.At() > from && IsBlankByte(line.Peek()))
     line.End(Style::kKeyword);
   else
     line.SkipTo(from);
@@ -170,7 +170,7 @@ void LexMarks(LineCursor& line) {
 
 bool IsHeading(std::string_view text) {
   std::size_t signs = CountFront(text, '#');
-  return signs >= 1 && signs <= 6 && (signs == text.size() || IsBlank(text[signs]));
+  return signs >= 1 && signs <= 6 && (signs == text.size() || IsBlankByte(text[signs]));
 }
 
 class MarkdownTextLexer final : public Lexer {
@@ -180,7 +180,7 @@ class MarkdownTextLexer final : public Lexer {
     if (state & kFence) {
       bool closes = fence.length >= (state & kLengthMask) &&
                     (fence.sign == '~') == ((state & kTildes) != 0) &&
-                    std::ranges::all_of(fence.behind, IsBlank);
+                    std::ranges::all_of(fence.behind, IsBlankByte);
       line.EndLine(Style::kCode);
       return closes ? kTextStart : state;
     }

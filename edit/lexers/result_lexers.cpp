@@ -7,10 +7,10 @@ namespace tarrow {
 namespace {
 
 std::size_t BehindDigits(std::string_view text, std::size_t at) {
-  auto isHex = [](char c) { return IsDecimal(c) || ((c | 0x20) >= 'a' && (c | 0x20) <= 'f'); };
+  auto isHex = [](char c) { return IsDigitByte(c) || ((c | 0x20) >= 'a' && (c | 0x20) <= 'f'); };
   bool hasHex = text.substr(at).starts_with("0x");
   if (hasHex) at += 2;
-  while (at < text.size() && (hasHex ? isHex(text[at]) : IsDecimal(text[at]))) ++at;
+  while (at < text.size() && (hasHex ? isHex(text[at]) : IsDigitByte(text[at]))) ++at;
   return at;
 }
 
@@ -35,8 +35,8 @@ ListedPlace FindListedPlace(std::string_view line) {
 void LexReportedPlace(LineCursor& line) {
   std::string_view text = line.Line();
   for (std::size_t at = 1; at + 1 < text.size(); ++at) {
-    if ((text[at] != '(' && text[at] != ':') || !IsDecimal(text[at + 1])) continue;
-    if (IsBlank(text[at - 1]) && text[at] == ':') continue;
+    if ((text[at] != '(' && text[at] != ':') || !IsDigitByte(text[at + 1])) continue;
+    if (IsBlankByte(text[at - 1]) && text[at] == ':') continue;
     std::size_t end = text[at] == '(' ? text.find(')', at) : BehindDigits(text, at + 1);
     if (end >= text.size() || (text[at] == ':' && text[end] != ':')) return;
     std::size_t name = text.find_last_not_of(" \t", at - 1);
@@ -70,7 +70,7 @@ class ReportLexer final : public Lexer {
 class DifferenceLexer final : public Lexer {
   LexState Scan(std::string_view text, LexState, StyleRuns* runs) const override {
     LineCursor line(text, runs);
-    bool isHeader = IsDecimal(line.Peek()) || text == "---";
+    bool isHeader = IsDigitByte(line.Peek()) || text == "---";
     line.EndLine(text.starts_with("< ")   ? Style::kOld
                  : text.starts_with("> ") ? Style::kNew
                  : isHeader               ? Style::kHeader
