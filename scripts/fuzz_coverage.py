@@ -14,6 +14,7 @@ LEAST = {
     "hex_rows_fuzz": ("viewer/records/hex_rows.cpp", 80),
     "ini_text_fuzz": ("base/ini_text.cpp", 60),
     "key_bindings_fuzz": ("ui/commands/key_bindings.cpp", 45),
+    "lexers_fuzz": ("edit/lexers/", 45),
     "line_file_fuzz": ("viewer/records/line_file.cpp", 70),
     "regex_fuzz": ("search/pattern/", 50),
     "text_buffer_fuzz": ("edit/text/text_buffer.cpp", 50),
