@@ -109,7 +109,6 @@ class Scanner {
     at_ += ByteOrderMarkSize(Rest());
     open_ = Continue(state);
     if (open_ == kNothing) Code();
-    AddRun(end_, Style::kText);
     return open_;
   }
 
@@ -171,10 +170,19 @@ LexState Scanner::Continue(LexState state) {
 void Scanner::Code() {
   while (at_ != end_ && open_ == kNothing) {
     const char* from = at_;
-    switch (KindOf(*at_)) {
-      case Kind::kBlank:
-        ++at_;
-        continue;
+    // What is most frequent first, where a processor foresees it.
+    Kind kind = KindOf(*at_);
+    if (kind <= Kind::kBlank) {
+      isWithin_ |= kind == Kind::kPlain;
+      ++at_;
+      continue;
+    }
+    if (kind == Kind::kWord) {
+      Word();
+      isWithin_ = true;
+      continue;
+    }
+    switch (kind) {
       case Kind::kSlash:
         Slash();
         continue;
@@ -184,9 +192,6 @@ void Scanner::Code() {
           continue;
         }
         ++at_;
-        break;
-      case Kind::kWord:
-        Word();
         break;
       case Kind::kDot:
         if (at_ + 1 == end_ || KindOf(at_[1]) != Kind::kDigit) {
@@ -205,8 +210,7 @@ void Scanner::Code() {
         ++at_;
         if (hasCharacters_) open_ = Quoted(from, '\'');
         break;
-      case Kind::kPlain:
-        ++at_;
+      default:
         break;
     }
     isWithin_ = true;

@@ -37,11 +37,13 @@ class Lexer {
   LexState Lex(std::string_view line, LexState state, StyleRuns* runs) const {
     if (runs) runs->Clear();
     if (line.size() > kLexedOfLine) return LexLongLine(line, state, runs);
-    return Scan(line, state, runs);
+    state = Scan(line, state, runs);
+    if (runs) runs->Add(line.size(), Style::kText);
+    return state;
   }
 
  private:
-  // Lex() for a line of bounded length; `runs` are empty.
+  // Lex() for a line of bounded length; `runs` are empty. What they do not cover in the end is plain text.
   virtual LexState Scan(std::string_view line, LexState state, StyleRuns* runs) const = 0;
 
   LexState LexLongLine(std::string_view line, LexState state, StyleRuns* runs) const;

@@ -42,8 +42,7 @@ void LineStates::OnLinesChanged(const LineChange& change) noexcept {
 }
 
 // Of a very long line no more than is looked at, and a byte to show that there is more.
-std::string_view LineStates::Bytes(const TextBuffer& text, LineNo line) {
-  TextRange range = text.LineRange(line);
+std::string_view LineStates::Bytes(const TextBuffer& text, TextRange range) {
   if (range.Length() > static_cast<std::int32_t>(kLexedOfLine)) range.end = range.start + kLexedOfLine + 1;
   TextView bytes = text.View().Sub(range);
   if (bytes.tail.empty()) return bytes.head;
@@ -60,7 +59,7 @@ LineRange LineStates::Settle(const TextBuffer& text, LineRange wanted, std::int6
     std::int64_t line = range.first;
     bool agrees = true;
     for (; line < range.end && bytes > 0; ++line) {
-      std::string_view content = Bytes(text, LineNo(line));
+      std::string_view content = Bytes(text, text.LineRange(LineNo(line)));
       bytes -= static_cast<std::int64_t>(content.size()) + 1;
       LexState next = lexer_->Lex(content, StateOf(line), nullptr);
       agrees = line + 1 == count || next == StateOf(line + 1);
@@ -76,12 +75,13 @@ LineRange LineStates::Settle(const TextBuffer& text, LineRange wanted, std::int6
 }
 
 const StyleRuns& LineStates::RunsOf(const TextBuffer& text, LineNo line) {
-  std::string_view content = Bytes(text, line);
+  TextRange range = text.LineRange(line);
+  std::string_view content = Bytes(text, range);
   if (lexer_)
     lexer_->Lex(content, StateOf(line.value), &runs_);
   else
     runs_.Clear();
-  runs_.Add(static_cast<std::size_t>(text.LineRange(line).Length()), Style::kText);
+  runs_.Add(static_cast<std::size_t>(range.Length()), Style::kText);
   runs_.JoinBlanks(content);
   return runs_;
 }

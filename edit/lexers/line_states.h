@@ -49,7 +49,7 @@ class LineStates final : public LineListener {
   void OnLinesChanged(const LineChange& change) noexcept override;
 
  private:
-  std::string_view Bytes(const TextBuffer& text, LineNo line);
+  std::string_view Bytes(const TextBuffer& text, TextRange line);
   LexState StateOf(std::int64_t line) const { return states_[static_cast<std::size_t>(line)]; }
 
   const Lexer* lexer_ = nullptr;

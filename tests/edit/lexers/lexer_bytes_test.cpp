@@ -65,6 +65,7 @@ constexpr std::string_view kPieces[] = {
     "~~~",
     "\xC3\xA9",
     "\xE2\x82\xAC",
+    "\xEF\xBB\xBF",
     "\xF0\x9F\x98\x80",
     "\xFF",
     std::string_view("\0", 1),
@@ -111,7 +112,15 @@ TEST(LexerBytes, EveryByteHasOneStyle) {
   }
 }
 
-// A hundred lines of a piece, again and again, against a hundred of plain text.
+TEST(LexerBytes, AMarkAloneHasAStyle) {
+  for (const Lexer* lexer : kAll) {
+    StyleRuns runs;
+    lexer->Lex("\xEF\xBB\xBF", kTextStart, &runs);
+    ExpectCovers(runs, "\xEF\xBB\xBF");
+  }
+}
+
+// A line of one piece, again and again.
 TEST(LexerBytes, NoLineTakesLongerThanItsLength) {
   for (const Lexer* lexer : kAll) {
     for (std::string_view piece : kPieces) {
