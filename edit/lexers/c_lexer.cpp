@@ -227,15 +227,13 @@ void Scanner::Word() {
   const char* from = at_;
   at_ = WordEnd(begin_, at_, end_);
   std::string_view word(from, static_cast<std::size_t>(at_ - from));
-  if (at_ != end_ && KindOf(*at_) == Kind::kQuote) {
+  char next = at_ == end_ ? '\0' : *at_;
+  if (next == '"' && dialect_.hasRawStrings && IsRawPrefix(word)) {
     ++at_;
-    if (dialect_.hasRawStrings && IsRawPrefix(word))
-      open_ = RawString(from);
-    else
-      open_ = Quoted(IsPrefix(word) ? from : at_ - 1, '"');
-  } else if (at_ != end_ && *at_ == '\'' && hasCharacters_ && IsPrefix(word)) {
+    open_ = RawString(from);
+  } else if ((next == '"' || (next == '\'' && hasCharacters_)) && IsPrefix(word)) {
     ++at_;
-    open_ = Quoted(from, '\'');
+    open_ = Quoted(from, next);
   } else if (runs_) {
     if (Style style = dialect_.words.StyleOf(word); style != Style::kText) Token(from, style);
   }

@@ -39,6 +39,7 @@ constexpr Example kC[] = {
     {"a.c", "\"open\nint", "sssss\nkkk"},
     {"a.c", "\"a\\\\\" 1", "sssss.n"},
     {"a.c", "'a' L'\\'' u8\"x\" w\"x\"", "sss.sssss.sssss..sss"},
+    {"a.cpp", "operator\"\"s", "kkkkkkkkss."},
     {"a.cpp", "R\"(a\")\" 1", "sssssss.n"},
     {"a.cpp", "u8R\"x(a)\"\n)y\"\n)x\" 1", "sssssssss\nsss\nsss.n"},
     {"a.cpp", "R\"no\\t(\" 1", "ssssssss.n"},
