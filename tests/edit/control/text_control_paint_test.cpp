@@ -199,6 +199,22 @@ TEST(TextControlPaint, StepByStepIsTheSameAsAnewInColours) {
   ExpectStepsAreDrawnAsAnew(host, random, 250);
 }
 
+// The row at the top shows another line once the view has moved.
+TEST(TextControlPaint, ARowThatHasMovedIsNotTakenForWhatItWas) {
+  PaintedHost host;
+  std::string text;
+  for (int i = 0; i < 60; ++i) text += "a\r\n";
+  host.SetText(text);
+  host.Drawn();
+  host.control.Select(BytePos(1), BytePos(1));
+  host.Type(u"b");
+  host.control.ScrollBy(0, 1);
+  host.control.Select(BytePos(5), BytePos(5));
+  host.Type(u"b");
+  Picture drawn = host.Drawn();
+  EXPECT_TRUE(drawn == host.DrawnAnew());
+}
+
 // The pixels that are not of the window's colour.
 std::vector<std::uint32_t> Inks(const Picture& picture) {
   std::vector<std::uint32_t> inks;
