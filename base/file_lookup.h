@@ -4,11 +4,13 @@
 // Paths are UTF-8. A question about a name that does not exist is answered, never thrown.
 #pragma once
 
+#include "base/progress.h"
+
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace tarrow {
 
@@ -32,6 +34,9 @@ struct DirectoryEntry {
   bool IsDirectory() const { return (attributes & kAttributeDirectory) != 0; }
 };
 
+// What is done with each entry that a search of a directory finds.
+using EntryUse = std::function<void(DirectoryEntry&& entry)>;
+
 class FileLookup {
  public:
   virtual ~FileLookup() = default;
@@ -45,11 +50,16 @@ class FileLookup {
   // The full form of `path`, or nothing when it has none or is too long (260 characters).
   [[nodiscard]] virtual std::optional<std::string> FullPath(std::string_view path) = 0;
 
-  // Everything that a path with wildcards in its last component finds, "." and ".." included.
-  [[nodiscard]] virtual std::vector<DirectoryEntry> Find(std::string_view pattern) = 0;
+  // Calls `use` for everything that a path with wildcards in its last component finds, "." and ".." included.
+  // Polls `progress`, which may be null, while the disk takes its time. What it or `use` throws ends the
+  // search.
+  virtual void Find(std::string_view pattern, Progress* progress, const EntryUse& use) = 0;
 
   // `path` in lower case, as the program shows and compares paths. It names the same file.
   [[nodiscard]] virtual std::string Lower(std::string_view path) = 0;
+
+  // A name in lower case, letter by letter; the disk is not asked whether that is another file.
+  [[nodiscard]] virtual std::string LowerLetters(std::string_view name) = 0;
 };
 
 // Whether `name` is a directory: by its look where it is a drive ("c:", "c:\", "c:."), else by its

@@ -95,7 +95,7 @@ void BenchShift(std::size_t lines) {
   std::string expected;
   double byHand = BestSeconds(kRuns, [&] { expected = CopyShifted(text); });
   double tarrow = TimeEdit(text, expected, "Shift Right", [](TextBuffer& buffer) {
-    buffer.Apply(ShiftLines(buffer.View(), {BytePos(0), buffer.End()}, 4, 8).edits);
+    buffer.Apply(ShiftLines(buffer.View(), {BytePos(0), buffer.End()}, 4, {}).edits);
   });
   Row({"Shift Right, " + std::to_string(lines) + " lines", tarrow, "copying by hand", byHand, "s", kGoal});
 }

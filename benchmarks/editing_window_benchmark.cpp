@@ -91,7 +91,7 @@ EditList ReplaceNeedles(std::string_view text) {
 }
 
 EditList ShiftAll(std::string_view text) {
-  return ShiftLines(TextView(text), {BytePos(0), TextView(text).End()}, 4, 8).edits;
+  return ShiftLines(TextView(text), {BytePos(0), TextView(text).End()}, 4, {}).edits;
 }
 
 }  // namespace

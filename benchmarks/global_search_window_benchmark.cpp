@@ -3,6 +3,7 @@
 //
 // The text of the window is compared with what tarrowc prints before the time is believed.
 #include "base/path_text.h"
+#include "benchmarks/answer_watch.h"
 #include "benchmarks/report.h"
 #include "benchmarks/source_text.h"
 #include "edit/documents/log.h"
@@ -14,9 +15,6 @@
 #include "shell/program.h"
 #include "tests/fakes/no_settings_files.h"
 #include "ui/commands/commands.h"
-
-#include <atomic>
-#include <thread>
 
 namespace tarrow::bench {
 namespace {
@@ -54,40 +52,27 @@ class SourceTree {
   std::vector<std::string> names_;
 };
 
-// Asks the program from another thread whether it is there, again and again, and whether there is a result.
+// Asks the program from another thread whether there is a result.
 class Watcher {
  public:
-  explicit Watcher(const Program& program) : client_(program.frame.Client()), thread_([this] { Watch(); }) {}
-  ~Watcher() { Stop(); }
-  Watcher(const Watcher&) = delete;
-  Watcher& operator=(const Watcher&) = delete;
+  explicit Watcher(const Program& program)
+      : client_(program.frame.Client()), watch_([this](double seconds) { Ask(seconds); }) {}
 
-  void Stop() {
-    stopped_ = true;
-    if (thread_.joinable()) thread_.join();
-  }
-  double LongestSilence() const { return longest_; }
+  void Stop() { watch_.Stop(); }
+  double LongestSilence() const { return watch_.LongestSilence(); }
   double FirstResult() const { return first_; }
 
  private:
-  void Watch() {
-    auto begun = std::chrono::steady_clock::now();
-    while (!stopped_) {
-      HWND log = ::FindWindowExW(client_, nullptr, L"TarrowLog", nullptr);
-      HWND text = log ? ::GetDlgItem(log, CTwFileEdit::kControlId) : client_;
-      LRESULT length = 0;
-      double silence = Seconds([&] { length = ::SendMessageW(text, WM_GETTEXTLENGTH, 0, 0); });
-      longest_ = std::max(longest_, silence);
-      if (log && length > 0 && first_ == 0)
-        first_ = std::chrono::duration<double>(std::chrono::steady_clock::now() - begun).count();
-      ::Sleep(1);
-    }
+  void Ask(double seconds) {
+    HWND log = ::FindWindowExW(client_, nullptr, L"TarrowLog", nullptr);
+    HWND text = log ? ::GetDlgItem(log, CTwFileEdit::kControlId) : client_;
+    LRESULT length = ::SendMessageW(text, WM_GETTEXTLENGTH, 0, 0);
+    if (log && length > 0 && first_ == 0) first_ = seconds;
   }
 
   HWND client_;
-  std::atomic<bool> stopped_ = false;
-  double longest_ = 0, first_ = 0;
-  std::thread thread_;
+  double first_ = 0;
+  AnswerWatch watch_;
 };
 
 // What tarrowc prints, by way of the command interpreter.

@@ -17,6 +17,8 @@ class CDialog : public CWnd {
  public:
   explicit CDialog(WORD templateId) : template_(templateId) {}
 
+  WORD Template() const { return template_; }
+
   // Runs the dialog until it closes; returns what it was closed with, IDCANCEL when it could not be made.
   int DoModal(HWND owner);
 

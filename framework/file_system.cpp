@@ -2,17 +2,17 @@
 
 #include "base/exceptions.h"
 #include "base/path_text.h"
+#include "framework/directory_search.h"
 #include "framework/handle.h"
 #include "framework/unicode.h"
 
 #include <windows.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace tarrow {
 namespace {
-
-using FindHandle = UniqueHandle<HANDLE, ::FindClose>;
 
 constexpr std::wstring_view kDevicePrefix = L"\\\\.\\";
 
@@ -22,11 +22,6 @@ std::uint64_t TimeOf(const FILETIME& time) {
 
 std::uint64_t SizeOf(DWORD high, DWORD low) {
   return static_cast<std::uint64_t>(high) << 32 | low;
-}
-
-DirectoryEntry EntryOf(const WIN32_FIND_DATAW& data) {
-  return {ToUtf8(data.cFileName), data.dwFileAttributes, SizeOf(data.nFileSizeHigh, data.nFileSizeLow),
-          TimeOf(data.ftLastWriteTime)};
 }
 
 // The full form of `wide`, or an empty string when there is none, it is too long, or it is a device.
@@ -147,13 +142,7 @@ std::string TrueCasePath(std::string_view path) {
 
 std::vector<DirectoryEntry> FindFiles(std::string_view pattern) {
   std::vector<DirectoryEntry> entries;
-  WIN32_FIND_DATAW data;
-  std::wstring wide = WideOrEmpty(pattern);
-  HANDLE handle = wide.empty() ? INVALID_HANDLE_VALUE : FindFirstFileW(wide.c_str(), &data);
-  if (handle == INVALID_HANDLE_VALUE) return entries;
-  FindHandle find(handle);
-  do entries.push_back(EntryOf(data));
-  while (FindNextFileW(handle, &data));
+  SearchDirectory(WideOrEmpty(pattern), [&](DirectoryEntry&& entry) { entries.push_back(std::move(entry)); });
   return entries;
 }
 
@@ -215,11 +204,22 @@ std::optional<std::string> DiskLookup::FullPath(std::string_view path) {
   return ToUtf8(full);
 }
 
-std::vector<DirectoryEntry> DiskLookup::Find(std::string_view pattern) {
-  return FindFiles(pattern);
+// A single name is answered at once, where a directory of many files, or one at the other end of a network,
+// may take its time.
+void DiskLookup::Find(std::string_view pattern, Progress* progress, const EntryUse& use) {
+  bool isWild = pattern.find_first_of("?*") != std::string_view::npos;
+  if (progress && isWild)
+    SearchDirectory(WideOrEmpty(pattern), *progress, use);
+  else
+    SearchDirectory(WideOrEmpty(pattern), use);
 }
+
 std::string DiskLookup::Lower(std::string_view path) {
   return lower_.Lower(path);
+}
+
+std::string DiskLookup::LowerLetters(std::string_view name) {
+  return LowerCase(name);
 }
 
 }  // namespace tarrow

@@ -80,8 +80,9 @@ class DiskLookup final : public FileLookup {
   std::optional<std::uint32_t> Attributes(std::string_view path) override;
   bool IsDriveKnown(char letter) override;
   std::optional<std::string> FullPath(std::string_view path) override;
-  std::vector<DirectoryEntry> Find(std::string_view pattern) override;
+  void Find(std::string_view pattern, Progress* progress, const EntryUse& use) override;
   std::string Lower(std::string_view path) override;
+  std::string LowerLetters(std::string_view name) override;
 
  private:
   LowerPaths lower_;

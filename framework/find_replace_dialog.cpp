@@ -1,5 +1,6 @@
 #include "framework/find_replace_dialog.h"
 
+#include "framework/common_dialogs.h"
 #include "framework/message_loop.h"
 #include "framework/unicode.h"
 
@@ -28,7 +29,7 @@ bool CFindReplaceDialog::Open(bool findOnly, std::string_view findWhat, std::str
   data_.lCustData = reinterpret_cast<LPARAM>(this);
   data_.lpfnHook = Hook;
   data_.lpTemplateName = MAKEINTRESOURCEW(templateId);
-  HWND dialog = findOnly ? ::FindTextW(&data_) : ::ReplaceTextW(&data_);
+  HWND dialog = findOnly ? kFindText(&data_) : kReplaceText(&data_);
   if (!dialog) return false;
   MessageLoop::AddModeless(dialog);
   return true;

@@ -1,8 +1,7 @@
 #include "framework/font_dialog.h"
 
+#include "framework/common_dialogs.h"
 #include "framework/handle.h"
-
-#include <commdlg.h>
 
 namespace tarrow {
 
@@ -47,7 +46,7 @@ bool RunFontDialog(const FontDialogOptions& options, LOGFONTW& font) {
   choose.Flags =
       CF_FORCEFONTEXIST | CF_FIXEDPITCHONLY | CF_NOSIMULATIONS | CF_INITTOLOGFONTSTRUCT | CF_NOVERTFONTS;
   choose.Flags |= options.printer ? CF_PRINTERFONTS : CF_SCREENFONTS;
-  if (!::ChooseFontW(&choose)) return false;
+  if (!kChooseFont(&choose)) return false;
   font = chosen;
   if (dpi > 0) font.lfHeight = -::MulDiv(choose.iPointSize, dpi, kDecipointsPerInch);
   return true;

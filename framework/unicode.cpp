@@ -1,5 +1,6 @@
 #include "framework/unicode.h"
 
+#include "base/byte_scan.h"
 #include "base/exceptions.h"
 #include "base/utf16.h"
 
@@ -43,6 +44,12 @@ std::wstring UpperCase(std::wstring text) {
   return text;
 }
 
+std::string LowerAscii(std::string text) {
+  for (char& c : text)
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  return text;
+}
+
 }  // namespace
 
 std::wstring ToWide(std::string_view utf8) {
@@ -65,7 +72,9 @@ std::string Utf8ToOem(std::string_view utf8) {
   return ToCodePage(GetOEMCP(), utf8);
 }
 
+// Most names are of ASCII, and a list of files may have a hundred thousand of them.
 std::string LowerCase(std::string_view utf8) {
+  if (FindHighByte(utf8) == utf8.size()) return LowerAscii(std::string(utf8));
   std::wstring text = ToWide(utf8);
   std::wstring lower = text;
   CharLowerBuffW(lower.data(), static_cast<DWORD>(lower.size()));

@@ -1,4 +1,4 @@
-// Any sequence of changes to a text does what it does to a string; undoing twice changes nothing.
+// Any sequence of changes to a text does what it does to a string; undoing and doing again changes nothing.
 #include "edit/text/text_buffer.h"
 
 #include <algorithm>
@@ -59,11 +59,23 @@ void ApplyList(Input& input, TextBuffer& buffer, std::string& model) {
   if (!edits.Empty()) model = after + model.substr(done);
 }
 
+// Takes some units back, and forward again.
+void UndoAndBack(TextBuffer& buffer, std::size_t most) {
+  if (!buffer.HasUndoLevels()) {
+    bool could = buffer.UndoLast().has_value();
+    return Expect(could == buffer.UndoLast().has_value());
+  }
+  std::size_t steps = 0;
+  while (steps < most && buffer.UndoLast()) ++steps;
+  for (; steps > 0; --steps) Expect(buffer.RedoNext().has_value());
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   Input input({reinterpret_cast<const char*>(data), size});
   TextBuffer buffer;
+  buffer.SetUndoLevels(static_cast<int>(input.Number(3)));
   std::string model;
   while (!input.Empty()) {
     std::size_t kind = input.Number(5);
@@ -74,8 +86,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     std::size_t start = input.Number(model.size()), length = input.Number(model.size() - start);
     if (kind == 4) {
-      bool could = buffer.UndoLast().has_value();
-      Expect(could == buffer.UndoLast().has_value());
+      UndoAndBack(buffer, 1 + input.Number(3));
       Expect(buffer.Contiguous() == model);
     } else {
       std::string text = input.Text(input.Number(8));

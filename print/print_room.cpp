@@ -2,6 +2,7 @@
 
 #include "base/path_text.h"
 #include "edit/documents/child.h"
+#include "framework/common_dialogs.h"
 #include "framework/file_system.h"
 #include "framework/regional.h"
 #include "print/page_setup.h"
@@ -11,8 +12,6 @@
 #include "ui/program/string_ids.h"
 #include "ui/settings/font_choice.h"
 #include "ui/settings/font_value.h"
-
-#include <commdlg.h>
 
 namespace tarrow {
 namespace {
@@ -41,12 +40,12 @@ PRINTDLGW DialogFor(HWND owner, PrinterChoice& choice, DWORD flags) {
 // Runs the dialog; what it says of the printer is kept, whichever way it ends. A printer that has gone since
 // is forgotten, and the dialog runs for the default one.
 bool RunPrintDialog(PRINTDLGW& dialog, PrinterChoice& choice) {
-  bool isAccepted = ::PrintDlgW(&dialog) != 0;
-  if (!isAccepted && ::CommDlgExtendedError() != 0 && dialog.hDevNames) {
+  bool isAccepted = kPrintDlg(&dialog) != 0;
+  if (!isAccepted && kCommDlgExtendedError() != 0 && dialog.hDevNames) {
     GlobalHandle(dialog.hDevMode).Reset();
     GlobalHandle(dialog.hDevNames).Reset();
     dialog.hDevMode = dialog.hDevNames = nullptr;
-    isAccepted = ::PrintDlgW(&dialog) != 0;
+    isAccepted = kPrintDlg(&dialog) != 0;
   }
   choice.mode.Reset(dialog.hDevMode);
   choice.names.Reset(dialog.hDevNames);

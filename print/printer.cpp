@@ -31,6 +31,9 @@ class LockedGlobal {
 }  // namespace
 
 std::optional<PrinterName> DefaultPrinterName() {
+  // Wine writes the profile when a program first loads this library; it stays loaded.
+  static const HMODULE spooler = ::LoadLibraryW(L"winspool.drv");
+  (void)spooler;
   std::wstring value(1024, L'\0');
   value.resize(
       ::GetProfileStringW(L"windows", L"device", L"", value.data(), static_cast<DWORD>(value.size())));

@@ -28,6 +28,9 @@
 #define IDD_ABOUT 117
 #define IDD_SYSTEM_METRICS 118
 
+#define IDD_FILE_CHANGED 119
+#define IDD_TEXT_AND_FILE_CHANGED 120
+
 #define IDD_FILE_MANAGER 130
 #define IDD_FILE_TARGET 131
 #define IDD_FILE_RENAME 132
@@ -42,6 +45,12 @@
 #endif
 #define IDC_HELP_BUTTON 259
 #define IDC_WORKING_DIRECTORY 221
+
+/* The file of a window has changed: two dialogs */
+#define IDC_CHANGED_PATH 220
+#define IDC_RELOAD 250
+#define IDC_OVERWRITE 251
+#define IDC_SAVE_AS 252
 
 /* Goto Line, Goto Address */
 #define IDC_GOTO 201

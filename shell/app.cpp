@@ -51,7 +51,10 @@ int CTwApp::Run(std::string_view commandLine, int showCommand) {
     program_.session.Restore();
   ::DragAcceptFiles(program_.frame.Handle(), TRUE);
   ProjectRoom::CleanUp();
-  return MessageLoop::Run(LoopTargets(), [this] { program_.frame.OnIdle(); });
+  return MessageLoop::Run(LoopTargets(), [this] {
+    program_.frame.OnIdle();
+    program_.changedFiles.OnIdle();
+  });
 }
 
 void CTwApp::FindPlaces(const CommandLineOptions& options) {

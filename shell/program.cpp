@@ -30,6 +30,7 @@ Program::Program(SettingsFiles& settingsFiles)
       session(state, services, files, windows),
       projects(frame, state, windows, keys, files, session),
       tools(frame, messages, state.store),
+      changedFiles(frame),
       ending(frame, windows, selector, session, frame.GetBars(), help, messages),
       rooms(services, help, stored, options, projects) {
   for (CommandTarget* room : rooms.Targets()) frame.AddTarget(*room);
@@ -40,6 +41,7 @@ Program::Program(SettingsFiles& settingsFiles)
   frame.AddTarget(tools);
   frame.AddTarget(help);
   frame.AddTarget(ending);
+  frame.AddTarget(changedFiles);
 }
 
 }  // namespace tarrow

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "shell/commands/active_keys.h"
+#include "shell/commands/changed_files.h"
 #include "shell/commands/document_windows.h"
 #include "shell/commands/ending.h"
 #include "shell/commands/help_commands.h"
@@ -43,6 +44,7 @@ struct Program {
   SessionKeeper session;
   ProjectSwitch projects;
   ToolCommands tools;
+  ChangedFiles changedFiles;
   Ending ending;
   Rooms rooms;
 };

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <map>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace tarrow {
 
@@ -30,7 +32,7 @@ class TableDisk : public FileLookup {
     if (full.size() >= kMaxPath) return {};
     return full;
   }
-  std::vector<DirectoryEntry> Find(std::string_view pattern) override {
+  void Find(std::string_view pattern, Progress*, const EntryUse& use) override {
     std::string full = WholePath(pattern);
     std::vector<DirectoryEntry> found;
     bool wild = full.find_first_of("*?") != std::string::npos;
@@ -42,9 +44,10 @@ class TableDisk : public FileLookup {
           Matches(FileNamePart(full), FileNamePart(name)))
         found.push_back({.name = std::string(FileNamePart(name)), .attributes = attributes});
     std::ranges::reverse(found);  // a disk promises no order
-    return found;
+    for (DirectoryEntry& entry : found) use(std::move(entry));
   }
-  std::string Lower(std::string_view path) override {
+  std::string Lower(std::string_view path) override { return LowerLetters(path); }
+  std::string LowerLetters(std::string_view path) override {
     std::string lower(path);
     for (char& c : lower)
       if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + 32);

@@ -21,7 +21,7 @@ EditOutcome BreakLine(TextView text, TextRange selection, IndentSettings setting
   std::int64_t width = MeasureIndentation(text, LineStart(text, selection.start), settings.tabSize).width;
   if (indentBlocks && OpensBlock(text, selection.end)) width += settings.shiftWidth;
   outcome.edits.Append("\r\n");
-  AppendIndentation(outcome.edits, width, settings.tabSize);
+  AppendIndentation(outcome.edits, width, settings);
   outcome.edits.Finish({selection.start, SkipBlanks(text, selection.end)});
   BytePos caret = selection.start + static_cast<std::int64_t>(outcome.edits[0].text.size());
   outcome.selection = {caret, caret};

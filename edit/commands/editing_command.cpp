@@ -23,7 +23,7 @@ EditOutcome Convert(const Context& c) {
 
 template <int Direction>
 EditOutcome Shift(const Context& c) {
-  return ShiftLines(c.text, c.selection, Direction * c.indent.shiftWidth, c.indent.tabSize);
+  return ShiftLines(c.text, c.selection, Direction * c.indent.shiftWidth, c.indent);
 }
 
 template <WordMove Move, bool Extend>

@@ -2,7 +2,7 @@
 //
 // A command that works on text and selection alone has a function here; the others (clipboard, undo, dialogs,
 // toggles) are done by their window, and stand here for the second question, which menus and keys ask too.
-// Repeat does nothing, and marks are not there yet: both are known all the same.
+// Marks are not there yet, and known all the same.
 #pragma once
 
 #include "base/progress.h"

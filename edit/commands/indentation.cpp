@@ -9,9 +9,14 @@ Indentation MeasureIndentation(TextView text, BytePos lineStart, int tabSize) {
   return indent;
 }
 
-void AppendIndentation(EditList& edits, std::int64_t width, int tabSize) {
-  edits.Append(static_cast<std::size_t>(width / tabSize), '\t');
-  edits.Append(static_cast<std::size_t>(width % tabSize), ' ');
+void AppendIndentation(EditList& edits, std::int64_t width, const IndentSettings& settings) {
+  std::int64_t tabs = settings.expandTabs ? 0 : width / settings.tabSize;
+  edits.Append(static_cast<std::size_t>(tabs), '\t');
+  edits.Append(static_cast<std::size_t>(width - tabs * settings.tabSize), ' ');
+}
+
+std::int64_t IndentationSize(std::int64_t width, const IndentSettings& settings) {
+  return settings.expandTabs ? width : width / settings.tabSize + width % settings.tabSize;
 }
 
 BytePos SkipBlanks(TextView text, BytePos p) {

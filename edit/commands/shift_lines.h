@@ -6,11 +6,12 @@
 
 #include "base/text_view.h"
 #include "edit/commands/edit_outcome.h"
+#include "edit/commands/indentation.h"
 
 namespace tarrow {
 
 // Shifts the lines of `selection` by `columns` (negative: to the left). Throws CMemoryException when the text
 // would grow beyond its limit.
-EditOutcome ShiftLines(TextView text, TextRange selection, int columns, int tabSize);
+EditOutcome ShiftLines(TextView text, TextRange selection, int columns, const IndentSettings& settings);
 
 }  // namespace tarrow

@@ -11,4 +11,16 @@ TextRange OvertypeRange(TextView text, TextRange selection, std::uint32_t charac
   return {caret, charset.Next(text, caret)};
 }
 
+EditOutcome TypeTabAsSpaces(TextView text, TextRange selection, int tabSize, Charset charset) {
+  std::int64_t column = 0;
+  for (BytePos p = LineStart(text, selection.start); p < selection.start; p = charset.Next(text, p))
+    column += text[p] == '\t' ? tabSize - column % tabSize : 1;
+  std::int64_t spaces = tabSize - column % tabSize;
+  EditOutcome outcome;
+  outcome.edits.Append(static_cast<std::size_t>(spaces), ' ');
+  outcome.edits.Finish(selection);
+  outcome.selection = {selection.start + spaces, selection.start + spaces};
+  return outcome;
+}
+
 }  // namespace tarrow

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/text_view.h"
+#include "edit/commands/edit_outcome.h"
 #include "edit/text/charset.h"
 
 namespace tarrow {
@@ -18,5 +19,9 @@ inline constexpr std::uint32_t kDeleteCharacter = 0x7F;
 // What a typed character replaces in overtype mode: the character at the caret, but nothing at the end of a
 // line, and the selection when there is one. Control characters replace nothing beyond the selection.
 TextRange OvertypeRange(TextView text, TextRange selection, std::uint32_t character, Charset charset);
+
+// What the Tab key puts in place of the selection where spaces stand for tabs: as many as reach from there to
+// the next tab stop. A character of the line is a column wide.
+EditOutcome TypeTabAsSpaces(TextView text, TextRange selection, int tabSize, Charset charset);
 
 }  // namespace tarrow

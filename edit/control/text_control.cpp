@@ -93,18 +93,29 @@ void TextControl::PostCaretMoved() const {
 
 void TextControl::Adopt(TextBuffer&& text) {
   buffer_ = std::move(text);
+  buffer_.SetUndoLevels(undoLevels_);
   charset_ = Charset::Of(buffer_.View());
   anchor_ = caret_ = BytePos(0);
   top_ = LineNo(0);
   left_ = widest_ = 0;
   checkpoints_.Clear();
   counts_.Clear();
-  modified_ = false;
+  SetModified(false);
   column_.reset();
-  selectionBeforeList_.reset();
   RestartColours();
   UpdateScrollBars();
   PlaceCaret();
+}
+
+void TextControl::AdoptInPlace(TextBuffer&& text) {
+  LineNo line = buffer_.LineOf(caret_), top = top_;
+  Pixels left = left_;
+  std::int32_t offset = caret_ - buffer_.LineStart(line);
+  Adopt(std::move(text));
+  TextRange range = buffer_.LineRange(std::min(line, buffer_.LastLine()));
+  BytePos caret = std::min(range.start + offset, range.end);
+  Select(caret, caret);
+  ScrollTo(std::min(top, LastTop()), left);
 }
 
 std::int32_t TextControl::ColumnOf(BytePos at) const {
@@ -139,7 +150,7 @@ bool TextControl::Change(TextRange range, Action action) {
     InvalidateLines(line, last);
   if (!selected.Empty()) InvalidateFrom(std::min(line, buffer_.LineOf(selected.start)));
   anchor_ = caret_ = std::min(select.start, buffer_.End());
-  modified_ = true;
+  modified_ = !buffer_.IsSaved();
   Notify(EN_UPDATE);
   {
     HiddenCaret hidden(hasFocus_ ? Handle() : nullptr);
@@ -171,7 +182,6 @@ bool TextControl::Replace(TextRange range, std::string_view text, EditKind kind)
   std::string_view fitting = FitIn(range, text);
   return Change(range, [&] {
     buffer_.Replace(range, fitting, kind);
-    selectionBeforeList_.reset();
     BytePos end = range.start + static_cast<std::int64_t>(fitting.size());
     return TextRange{end, end};
   });
@@ -188,8 +198,7 @@ bool TextControl::Apply(const EditList& edits, TextRange selection) {
   }
   TextRange before = Selection();
   return Change({edits[0].range.start, edits[edits.Size() - 1].range.end}, [&] {
-    buffer_.Apply(edits);
-    selectionBeforeList_ = before;
+    buffer_.Apply(edits, before);
     return selection;
   });
 }
@@ -201,7 +210,6 @@ void TextControl::Append(std::string_view text) {
   buffer_.Replace({end, end}, text, EditKind::kForgotten);
   if (charset_.IsUtf8()) charset_ = Charset::Of(TextView(text));
   checkpoints_.Truncate(end);
-  selectionBeforeList_.reset();
   InvalidateFrom(last);
   WantIdleTime();
   if (follows)
@@ -211,17 +219,34 @@ void TextControl::Append(std::string_view text) {
 }
 
 bool TextControl::UndoLast() {
-  if (readOnly_ || !buffer_.CanUndo()) return false;
+  return CanUndo() && TakeBack(buffer_.SelectionBeforeLast(), &TextBuffer::UndoLast);
+}
+
+bool TextControl::RedoNext() {
+  return CanRedo() && TakeBack(buffer_.SelectionBehindNext(), &TextBuffer::RedoNext);
+}
+
+bool TextControl::TakeBack(std::optional<TextRange> before,
+                           std::optional<TextRange> (TextBuffer::*turn)(std::optional<TextRange>)) {
+  if (readOnly_) return false;
   TextRange now = Selection();
-  std::optional<TextRange> before = selectionBeforeList_;
   bool done = Change({BytePos(0), buffer_.End()}, [&] {
-    TextRange changed = buffer_.UndoLast().value();
-    if (!before) return changed;
-    selectionBeforeList_ = now;
-    return *before;
+    TextRange changed = (buffer_.*turn)(now).value();
+    return before.value_or(changed);
   });
   if (done) PostCaretMoved();
   return done;
+}
+
+void TextControl::SetUndoLevels(int levels) {
+  undoLevels_ = levels;
+  buffer_.SetUndoLevels(levels);
+  SetModified(modified_);
+}
+
+void TextControl::SetModified(bool modified) {
+  modified_ = modified;
+  modified ? buffer_.ForgetSaved() : buffer_.MarkSaved();
 }
 
 bool TextControl::Type(char32_t code) {
@@ -243,6 +268,8 @@ void TextControl::Select(BytePos anchor, BytePos caret) {
 
 void TextControl::SetSelection(BytePos anchor, BytePos caret) {
   TextRange before = Selection();
+  // The change itself has put the caret already where typing goes on.
+  if (anchor_ != anchor || caret_ != caret) buffer_.EndUndoUnit();
   anchor_ = anchor;
   caret_ = caret;
   InvalidateSelectionChange(before, Selection());

@@ -74,6 +74,10 @@ class TextControl final : public CWnd {
   // what its bytes tell.
   void Adopt(TextBuffer&& text);
 
+  // As Adopt, but the caret stays at its line and column, and the view where it is, as far as the text
+  // allows.
+  void AdoptInPlace(TextBuffer&& text);
+
   // The selection, in ascending order, and the end of it that the caret is at.
   TextRange Selection() const;
   BytePos Caret() const { return caret_; }
@@ -116,14 +120,23 @@ class TextControl final : public CWnd {
   // Makes a text in the code page UTF-8, the same characters selected as before, nothing to undo.
   bool ConvertToUtf8();
 
-  // False also when there is nothing to undo or the control is read-only. The text that comes back is
-  // selected; after the undo of a list, what was selected before it.
+  // False also when there is nothing to undo, or to do again, or the control is read-only. The text that
+  // comes back is selected; after the undo of a list, what was selected before it. With one level of undo
+  // nothing is done again but by undoing twice.
   bool UndoLast();
+  bool RedoNext();
   bool CanUndo() const { return buffer_.CanUndo(); }
+  bool CanRedo() const { return buffer_.CanRedo(); }
   void EmptyUndo() { buffer_.EmptyUndo(); }
 
+  // How many units can be undone, from now on.
+  void SetUndoLevels(int levels);
+  bool HasUndoLevels() const { return buffer_.HasUndoLevels(); }
+
+  // With several levels of undo, a text that is back at what it was when it was last set unmodified is
+  // unmodified again; set modified, it is so for good.
   bool IsModified() const { return modified_; }
-  void SetModified(bool modified) { modified_ = modified; }
+  void SetModified(bool modified);
   bool IsReadOnly() const { return readOnly_; }
   void SetReadOnly(bool readOnly);
 
@@ -165,6 +178,8 @@ class TextControl final : public CWnd {
   // Changing (text_control.cpp)
   template <typename Action>
   bool Change(TextRange range, Action action);
+  bool TakeBack(std::optional<TextRange> before,
+                std::optional<TextRange> (TextBuffer::*turn)(std::optional<TextRange>));
   std::string_view FitIn(TextRange range, std::string_view text);
   void SetSelection(BytePos anchor, BytePos caret);
   void MoveCaret(BytePos to, bool extend);
@@ -288,8 +303,8 @@ class TextControl final : public CWnd {
   TextBuffer buffer_;
   Charset charset_;
   BytePos anchor_, caret_;
-  std::optional<TextRange> selectionBeforeList_;  // for the undo of the last list
-  std::optional<Pixels> column_;                  // where the caret wants to be in the lines it passes
+  int undoLevels_ = 1;
+  std::optional<Pixels> column_;  // where the caret wants to be in the lines it passes
 
   TextColouring colouring_;
   bool settles_ = false;  // the timer runs

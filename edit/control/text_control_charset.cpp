@@ -56,7 +56,7 @@ bool TextControl::ConvertToUtf8() {
     return false;
   }
   charset_ = Charset();  // also of a text without a character beyond ASCII
-  modified_ = true;
+  SetModified(true);
   Notify(EN_UPDATE);
   Notify(EN_CHANGE);
   return true;

@@ -19,6 +19,7 @@ enum ControlCharacter : char32_t {
   kEnter = 0x0D,
   kPaste = 0x16,
   kCut = 0x18,
+  kRedo = 0x19,
   kUndo = 0x1A,
   kDeleteWordBack = 0x7F,
 };
@@ -204,6 +205,8 @@ void TextControl::TakeControlCharacter(char32_t code) {
       return void(Cut());
     case kPaste:
       return void(Paste());
+    case kRedo:
+      return void(RedoNext());
     case kUndo:
       return void(UndoLast());
     default:

@@ -40,7 +40,7 @@ class CTwChild : public CMDIChildWnd {
   [[nodiscard]] virtual bool QuerySave(int message);
 
   // The document's file is now called `path` (full, lower case).
-  void FollowFile(std::string path) { SetPath(std::move(path)); }
+  virtual void FollowFile(std::string path) { SetPath(std::move(path)); }
 
   // Shows a caret's place and the indicators of this window in the status bar.
   virtual void PublishState();

@@ -42,6 +42,10 @@ class Documents {
   // The file `from` is now called `to` (full paths): its window follows.
   virtual void FollowFile(std::string_view from, std::string_view to) = 0;
 
+  // The program itself has written a file or changed its time (a full path): its window asks nobody about
+  // that.
+  virtual void FileIsOurs(std::string_view path) = 0;
+
  protected:
   ~Documents() = default;
 };

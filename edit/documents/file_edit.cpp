@@ -70,6 +70,7 @@ bool CTwFileEdit::OnCreate(const CREATESTRUCTW& create) {
   if (Has(kVerticalScroll)) style |= WS_VSCROLL;
   if (!control_.CreateControl(Handle(), kControlId, style, {})) return false;
   control_.SetReadOnly(Has(kReadOnly));
+  control_.SetUndoLevels(Program().settings.undoLevels);
   OnFontChanged();
   control_.SetStyles(Program().styles);
   OnPathChanged();
@@ -125,13 +126,17 @@ void CTwFileEdit::OnLButtonDblClk(UINT, POINT) {
 }
 
 void CTwFileEdit::OnChange() {
-  SetModified(true);
+  ShowModified(control_.IsModified());
   // A change by another program comes past the queue; the tool bar follows what comes through it.
   if (::InSendMessage()) Frame().Post(WM_NULL);
 }
 
 void CTwFileEdit::SetModified(bool modified) {
-  if (!modified) control_.SetModified(false);
+  control_.SetModified(modified);
+  ShowModified(modified);
+}
+
+void CTwFileEdit::ShowModified(bool modified) {
   if (Has(kModified) == modified) return;
   SetFlag(kModified, modified);
   Program().events.ChildRetitled(*this);

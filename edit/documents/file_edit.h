@@ -10,6 +10,7 @@
 #include "edit/documents/printable.h"
 #include "edit/files/file_format.h"
 #include "edit/files/file_load.h"
+#include "edit/files/known_file.h"
 
 #include <optional>
 #include <string>
@@ -42,6 +43,15 @@ class CTwFileEdit : public CTwChild, public Printable, protected EditingOwner {
 
   // The settings for all windows have changed: the screen font (if it has) and the tab size.
   void ApplySettings(const LOGFONTW* font);
+
+  // What a look at the window's file has found. The user is told of a change, and asked once what is to
+  // become of the text.
+  void FileSeen(const FileLook& look);
+
+  // The program itself has written the file, or changed its time: that is no news.
+  void TakeFileAsKnown();
+
+  void FollowFile(std::string path) override;
 
   // Printable:
   bool HasSelection() const override { return !control_.Selection().Empty(); }
@@ -90,6 +100,7 @@ class CTwFileEdit : public CTwChild, public Printable, protected EditingOwner {
   void OnLButtonDown(UINT keys, POINT client);
   void OnLButtonDblClk(UINT keys, POINT client);
   void OnChange();
+  void ShowModified(bool modified);
   void OnErrSpace();
   void OnHScroll();
   void OnCaretMoved();
@@ -99,16 +110,25 @@ class CTwFileEdit : public CTwChild, public Printable, protected EditingOwner {
   void OnSaveAs();
   void OnMerge();
   void OnFileStats();
+  std::string FileStats() const;
+  void ShowOpened();
   bool CanSave() const { return Has(kModified); }
   bool CanChange() const { return !Has(kReadOnly); }
   bool Save();
   bool SaveAs();
   bool SaveUnder(const std::string& path, const std::string& nameOnDisk, FileFormat format);
   bool WriteFile(const std::string& path);
+  void Reload();
+
+  // file_edit_disk.cpp: when another program has changed the file.
+  int AskAboutChange();
+  bool ResolveChange(const FileLook& look);
 
   TextControl control_;
   EditingCommands commands_;
   FileFormat format_ = FileFormat::kDos;
+  KnownFile file_;
+  bool isAsking_ = false;         // about a change of the file
   bool programScrolled_ = false;  // the program itself has scrolled the control sideways
 };
 

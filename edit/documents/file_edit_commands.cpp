@@ -66,6 +66,7 @@ CommandState EditingCommands::State(UINT id) const {
   bool enabled = CanEdit(*command, control_.Selection(), owner_.EditFlags());
   if (command->changesText && control_.IsReadOnly()) enabled = false;
   if (id == kEditUndo) enabled = enabled && control_.CanUndo();
+  if (id == kEditRepeat && control_.HasUndoLevels()) enabled = control_.CanRedo() && !IsReadOnly();
   if (id == kEditPaste) enabled = enabled && HasClipboardText();
   if (id == kSetClean) enabled = Has(kModified);
   return {enabled, IsChecked(id)};
@@ -90,6 +91,8 @@ void EditingCommands::Do(const EditingCommand& command) {
   switch (command.id) {
     case kEditUndo:
       return Undo();
+    case kEditRepeat:
+      return Repeat();
     case kEditCut:
       return Cut();
     case kEditCopy:
@@ -140,15 +143,20 @@ void EditingCommands::Undo() {
   if (!control_.UndoLast()) owner_.Beep(MB_ICONEXCLAMATION);
 }
 
+void EditingCommands::Repeat() {
+  if (control_.HasUndoLevels() && !control_.RedoNext()) owner_.Beep(MB_ICONEXCLAMATION);
+}
+
+// With one level of undo, what is cut and pasted is all that can be taken back from then on.
 void EditingCommands::Cut() {
   if (control_.Selection().Empty()) return;
-  control_.EmptyUndo();
+  if (!control_.HasUndoLevels()) control_.EmptyUndo();
   control_.Cut();
 }
 
 void EditingCommands::Paste() {
   if (!HasClipboardText()) return;
-  control_.EmptyUndo();
+  if (!control_.HasUndoLevels()) control_.EmptyUndo();
   control_.Paste();
 }
 
@@ -196,7 +204,7 @@ void EditingCommands::Toggle(CommandId id) {
 
 IndentSettings EditingCommands::Indent() const {
   const GlobalSettings& settings = program_.settings;
-  return {settings.tabSize, settings.shiftWidth};
+  return {settings.tabSize, settings.shiftWidth, settings.expandTabs};
 }
 
 }  // namespace tarrow

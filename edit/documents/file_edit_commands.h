@@ -62,6 +62,7 @@ class EditingCommands final : public TextControlHooks {
   void Play(const EditingCommand& command);
   void Show(const EditOutcome& outcome, CommandId id);
   void Undo();
+  void Repeat();
   void Cut();
   void Paste();
   bool AppendToClipboard();
@@ -70,6 +71,7 @@ class EditingCommands final : public TextControlHooks {
   bool IsChecked(UINT id) const;
 
   bool BreakLineIndented();
+  bool TypeTab();
   bool TypeOver(char32_t code);
   void RememberPosition() { previousPosition_ = control_.Selection().end; }
 

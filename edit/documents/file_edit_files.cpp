@@ -4,6 +4,7 @@
 #include "edit/documents/file_dialogs.h"
 #include "edit/documents/file_edit.h"
 #include "edit/files/file_save.h"
+#include "edit/files/look_at_file.h"
 #include "edit/files/safe_save.h"
 #include "edit/files/save_disk.h"
 #include "framework/directories.h"
@@ -48,11 +49,12 @@ class AskUser final : public LoadQuestions {
 };
 
 // Loads a file and tells the user why when that fails, except for a file that does not fit: then it throws
-// CMemoryException.
+// CMemoryException. `look`: what the file was that was loaded, nobody writing to it meanwhile.
 std::optional<LoadedText> LoadFile(const DocumentServices& program, const std::string& path,
-                                   std::int64_t maxSize) {
+                                   std::int64_t maxSize, FileLook* look = nullptr) {
   try {
     CFile file(path, CFile::Mode::kRead, CFile::Share::kRead);
+    if (look) *look = LookAtFile(path);
     CProgressBox box(program.frame.Handle(), FormatTextResource(kTextLoading, {path}));
     box.SetWhole(static_cast<std::int64_t>(file.Size()));
     ProgressSource source(file, box);
@@ -72,22 +74,52 @@ std::optional<LoadedText> LoadFile(const DocumentServices& program, const std::s
 
 CTwFileEdit* CTwFileEdit::Open(const DocumentServices& program, const std::string& path,
                                std::uint32_t flags) {
-  std::optional<LoadedText> loaded = LoadFile(program, path, kMaxTextSize);
+  FileLook look;
+  std::optional<LoadedText> loaded = LoadFile(program, path, kMaxTextSize, &look);
   if (!loaded) return nullptr;
   auto* window = new CTwFileEdit(program, flags);  // belongs to its window
   window->SetPath(path);
   if (!window->CreateEdit()) return nullptr;
   window->control_.Adopt(std::move(loaded->text));
   window->format_ = loaded->format;
+  window->file_.Take(look);
   window->OnCaretMoved();
-  window->OnFileStats();
+  window->ShowOpened();
   return window;
 }
 
-void CTwFileEdit::OnFileStats() {
+// The caret and the view stay, where the new text allows. What there was to undo was of another text.
+void CTwFileEdit::Reload() {
+  try {
+    FileLook look;
+    std::optional<LoadedText> loaded = LoadFile(Program(), Path(), kMaxTextSize, &look);
+    if (!loaded) return;
+    control_.AdoptInPlace(std::move(loaded->text));
+    format_ = loaded->format;
+    file_.Take(look);
+    ShowModified(false);
+    OnCaretMoved();
+    ShowOpened();
+  } catch (const CMemoryException&) {
+    Program().messages.ShowMessageBox(nullptr, MB_ICONEXCLAMATION, kTextNoMemoryForFile, {Path()});
+  }
+}
+
+std::string CTwFileEdit::FileStats() const {
   const TextBuffer& text = control_.Buffer();
-  Program().status.ShowStatus(
-      FormatTextResource(kTextFileStats, {Path(), text.Size(), text.LineCount().value}), 5);
+  return FormatTextResource(kTextFileStats, {Path(), text.Size(), text.LineCount().value});
+}
+
+void CTwFileEdit::OnFileStats() {
+  Program().status.ShowStatus(FileStats(), kStatusSeconds);
+}
+
+// Who opens a file that cannot be saved had better know it before he changes its text.
+void CTwFileEdit::ShowOpened() {
+  auto status = GetFileStatus(Path());
+  bool isReadOnly = status && (status->attributes & kAttributeReadOnly);
+  Program().status.ShowStatus(isReadOnly ? FormatTextResource(kTextReadOnlyFile, {FileStats()}) : FileStats(),
+                              kStatusSeconds);
 }
 
 void CTwFileEdit::OnSave() {
@@ -99,10 +131,6 @@ void CTwFileEdit::OnSave() {
 
 void CTwFileEdit::OnSaveAs() {
   SaveAs();
-}
-
-bool CTwFileEdit::Save() {
-  return WriteFile(Path());
 }
 
 bool CTwFileEdit::SaveAs() {
@@ -129,7 +157,7 @@ bool CTwFileEdit::SaveUnder(const std::string& path, const std::string& nameOnDi
   std::uint32_t oldFlags = Flags();
   std::string oldPath = Path();
   FileFormat oldFormat = std::exchange(format_, format);
-  SetModified(true);  // so that the text is written in any case
+  ShowModified(true);  // so that the text is written in any case
   SetPath(path);
   if (WriteFile(nameOnDisk)) {
     ChangeWorkingDirectory(Directory());
@@ -140,13 +168,14 @@ bool CTwFileEdit::SaveUnder(const std::string& path, const std::string& nameOnDi
     SetUntitled(oldPath);
   else
     SetPath(oldPath);
-  SetModified((oldFlags & kModified) != 0);
+  ShowModified((oldFlags & kModified) != 0);
   return false;
 }
 
 bool CTwFileEdit::WriteFile(const std::string& path) {
   if (!Has(kModified)) return true;
   if (!WriteText(path, format_)) return false;
+  TakeFileAsKnown();
   SetModified(false);
   OnFileStats();
   return true;

@@ -15,7 +15,15 @@ bool EditingCommands::OnCharacter(char32_t code) {
     return true;
   }
   if (code == U'\r') return Has(kAlignLines) && BreakLineIndented();
+  if (code == U'\t') return program_.settings.expandTabs && TypeTab();
   return Has(kOvertype) && TypeOver(code);
+}
+
+bool EditingCommands::TypeTab() {
+  EditOutcome outcome = TypeTabAsSpaces(control_.View(), control_.Selection(), program_.settings.tabSize,
+                                        control_.TextCharset());
+  control_.Replace(outcome.edits[0].range, outcome.edits[0].text, EditKind::kTyping);
+  return true;
 }
 
 bool EditingCommands::BreakLineIndented() {

@@ -44,13 +44,15 @@ void ResultRun::Poll() {
 }
 
 bool ResultRun::Run(const std::function<void()>& work) {
+  bool isDone = false;
   try {
     work();
-    return true;
+    isDone = true;
   } catch (...) {
     ReportCurrent();
-    return false;
   }
+  box_.SetCounts(nullptr);  // what it counted is over
+  return isDone;
 }
 
 // Tells the user of the exception being handled.

@@ -19,6 +19,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tarrow {
 
@@ -48,7 +49,8 @@ class ResultRun final : private Progress {
   void SetWhole(std::int64_t whole) { box_.SetWhole(whole); }
   void SetDone(std::int64_t done) override { box_.SetDone(done); }
   void SetWork(std::string_view path) { box_.SetWork(path); }
-  void SetCounts(std::string_view counts) { box_.SetCounts(counts); }
+  // `counts` is asked until Run() ends.
+  void SetCounts(std::function<std::string()> counts) { box_.SetCounts(std::move(counts)); }
 
   // Between two files: polls if it is time.
   void Tick() { ticker_.Tick(); }

@@ -40,6 +40,9 @@ class EditList {
   // Makes room ahead for `bytes` bytes of replacement text.
   void Reserve(std::size_t bytes) { bytes_.reserve(bytes); }
 
+  // What the list takes in memory, without what it has reserved.
+  std::size_t Bytes() const { return rows_.size() * sizeof(Row) + bytes_.size(); }
+
   bool Empty() const { return rows_.empty(); }
   std::size_t Size() const { return rows_.size(); }
 

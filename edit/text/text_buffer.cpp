@@ -76,7 +76,7 @@ void TextBuffer::Replace(TextRange range, std::string_view text, EditKind kind) 
   if (range.Empty() && text.empty()) return;
   Guarded([&] {
     MakeRoom(range, text);
-    undo_.Prepare(View(), range, static_cast<std::int32_t>(text.size()), kind);
+    undo_.Prepare(View(), range, text, kind);
   });
   ReplaceBytes(range, text);
   undo_.Commit();
@@ -109,32 +109,61 @@ void TextBuffer::ApplyBytes(const EditList& edits) noexcept {
   }
 }
 
-void TextBuffer::Apply(const EditList& edits) {
+void TextBuffer::Apply(const EditList& edits, std::optional<TextRange> selection) {
   if (edits.Empty()) return;
-  EditList inverse = Guarded([&] {
+  Guarded([&] {
     MakeRoom(edits);
-    return InverseOf(edits, View());
+    undo_.PrepareList(InverseOf(edits, View()), selection);
   });
   ApplyBytes(edits);
-  undo_.CommitList(std::move(inverse));
+  undo_.Commit();
 }
 
-std::optional<TextRange> TextBuffer::UndoLast() {
-  if (!CanUndo()) return std::nullopt;
-  Undo last = std::move(undo_);
-  undo_ = {};
-  try {
-    if (const auto& place = last.LastPlace()) {
-      Replace(place->Range(), place->removed);
-      return TextRange{place->at, place->at + static_cast<std::int64_t>(place->removed.size())};
-    }
-    const EditList& list = *last.LastList();
-    Apply(list);
-    return TextRange{list[0].range.start, list[list.Size() - 1].range.end + list.Growth()};
-  } catch (...) {
-    undo_ = std::move(last);
-    throw;
+// Makes room for what takes a change back, and says what takes that back in turn.
+UndoUnit TextBuffer::PrepareUnit(const UndoUnit& unit, std::optional<TextRange> selection) {
+  return Guarded([&] {
+    if (const auto* place = std::get_if<UndoPlace>(&unit.change))
+      MakeRoom(place->Range(), place->removed);
+    else
+      MakeRoom(std::get<EditList>(unit.change));
+    UndoUnit inverse = InverseOf(unit, View());
+    if (unit.selection) inverse.selection = selection;
+    return inverse;
+  });
+}
+
+TextRange TextBuffer::Do(const UndoUnit& unit) noexcept {
+  if (const auto* place = std::get_if<UndoPlace>(&unit.change)) {
+    ReplaceBytes(place->Range(), place->removed);
+    return {place->at, place->at + static_cast<std::int64_t>(place->removed.size())};
   }
+  const auto& list = std::get<EditList>(unit.change);
+  ApplyBytes(list);
+  return {list[0].range.start, list[list.Size() - 1].range.end + list.Growth()};
+}
+
+std::optional<TextRange> TextBuffer::UndoLast(std::optional<TextRange> selection) {
+  if (!CanUndo()) return {};
+  UndoUnit inverse = PrepareUnit(undo_.Last(), selection);
+  TextRange changed = Do(undo_.Last());
+  undo_.CommitBack(std::move(inverse));
+  return changed;
+}
+
+std::optional<TextRange> TextBuffer::RedoNext(std::optional<TextRange> selection) {
+  if (!CanRedo()) return {};
+  UndoUnit inverse = PrepareUnit(undo_.Next(), selection);
+  TextRange changed = Do(undo_.Next());
+  undo_.CommitForward(std::move(inverse));
+  return changed;
+}
+
+std::optional<TextRange> TextBuffer::SelectionBeforeLast() const {
+  return CanUndo() ? undo_.Last().selection : std::nullopt;
+}
+
+std::optional<TextRange> TextBuffer::SelectionBehindNext() const {
+  return CanRedo() ? undo_.Next().selection : std::nullopt;
 }
 
 std::span<char> TextBuffer::PrepareLoad(std::int64_t size) {

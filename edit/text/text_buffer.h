@@ -1,4 +1,4 @@
-// The text of an edit window: its bytes in a gap buffer, its lines, its one level of undo.
+// The text of an edit window: its bytes in a gap buffer, its lines, what can be undone.
 //
 // Bytes are kept as they are, NULs and invalid sequences too. Reading goes through View(), two contiguous
 // pieces, or by line; only Contiguous() moves bytes for a reader's sake. What a change costs depends on its
@@ -47,14 +47,31 @@ class TextBuffer {
   // Replaces `range` by `text`, which must not point into this buffer.
   void Replace(TextRange range, std::string_view text, EditKind kind = EditKind::kCommand);
 
-  // Makes all replacements of a list in one sweep, as one unit of undo.
-  void Apply(const EditList& edits);
+  // Makes all replacements of a list in one sweep, as one unit of undo. `selection`: what was selected
+  // before.
+  void Apply(const EditList& edits, std::optional<TextRange> selection = {});
 
-  // Takes the last unit back; a second time, it does it again. Returns where the text has changed, from the
-  // first replacement to the last, or nothing when there was nothing to undo.
-  std::optional<TextRange> UndoLast();
+  // Takes the last unit back; with one level of undo, a second time does it again, with more RedoNext does.
+  // Return where the text has changed, from the first replacement to the last, or nothing when there was
+  // nothing to undo. `selection`: what is selected now; what was selected before a list is known as long as
+  // that can be undone.
+  std::optional<TextRange> UndoLast(std::optional<TextRange> selection = {});
+  std::optional<TextRange> RedoNext(std::optional<TextRange> selection = {});
   bool CanUndo() const { return undo_.CanUndo(); }
+  bool CanRedo() const { return undo_.CanRedo(); }
+  std::optional<TextRange> SelectionBeforeLast() const;
+  std::optional<TextRange> SelectionBehindNext() const;
   void EmptyUndo() { undo_.Clear(); }
+
+  // The rest of undo: see there.
+  void SetUndoLevels(int levels, std::size_t mostBytes = Undo::kMostBytes) {
+    undo_.SetLevels(levels, mostBytes);
+  }
+  bool HasUndoLevels() const { return undo_.HasLevels(); }
+  void EndUndoUnit() { undo_.EndUnit(); }
+  void MarkSaved() { undo_.MarkSaved(); }
+  void ForgetSaved() { undo_.ForgetSaved(); }
+  bool IsSaved() const { return undo_.IsSaved(); }
 
   // Filling an empty buffer without a copy, as a loader does: write into what PrepareLoad returns; ExtendLoad
   // widens it, its first `kept` bytes unchanged; where line ends are written anyway, write the starts of all
@@ -83,6 +100,8 @@ class TextBuffer {
   void MakeRoom(const EditList& edits);
   void ReplaceBytes(TextRange range, std::string_view text) noexcept;
   void ApplyBytes(const EditList& edits) noexcept;
+  UndoUnit PrepareUnit(const UndoUnit& unit, std::optional<TextRange> selection);
+  TextRange Do(const UndoUnit& unit) noexcept;
   std::string_view WithNul(std::size_t gapAt) noexcept;
 
   GapVector<char, 1> bytes_;

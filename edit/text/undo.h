@@ -1,65 +1,99 @@
-// The one level of undo: how to take the last unit of changes back.
+// What can be taken back, and forward again: as many units of changes as there are levels.
 //
-// What undoes a change is itself a change, so a record holds replacements of the text as it is now.
 // Consecutive typing is one unit, and so is consecutive deleting; any other change is a unit of its own,
-// however many places it touches. Recording is prepared before the text changes and committed after it:
-// preparing may throw std::bad_alloc and then neither text nor record has changed; committing cannot fail.
+// however many places it touches. With one level, what takes a unit back becomes the unit: undoing twice does
+// it again. With more, units wait on two stacks, and typing ends its unit at a line end and where EndUnit()
+// says so.
+//
+// Recording is prepared before the text changes and committed after it: preparing may throw std::bad_alloc
+// and then neither text nor record has changed; committing cannot fail. What is kept costs what the changes
+// changed, and beyond a bound the oldest units go, whatever the levels: a user who has changed a large text
+// all over a dozen times must not run out of memory for it.
 #pragma once
 
 #include "base/text_view.h"
-#include "edit/text/edit_list.h"
+#include "edit/text/undo_unit.h"
 
+#include <cstdint>
+#include <list>
 #include <optional>
-#include <string>
+#include <string_view>
 
 namespace tarrow {
 
-// What a change is to undo: kTyping and kDeleting join the unit before them when they continue it at the same
-// place; kCommand stands alone; kForgotten cannot be undone, and nothing before it can.
-enum class EditKind { kTyping, kDeleting, kCommand, kForgotten };
-
 class Undo {
  public:
-  // A single place: `inserted` bytes at `at` stand where `removed` stood.
-  struct Place {
-    BytePos at;
-    std::int32_t inserted = 0;
-    std::string removed;
-    EditKind kind = EditKind::kCommand;
+  using Place = UndoPlace;
+  using Unit = UndoUnit;
 
-    TextRange Range() const { return {at, at + inserted}; }
-  };
+  static constexpr std::size_t kMostBytes = std::size_t{128} << 20;
 
-  bool CanUndo() const { return place_ || list_; }
-  void Clear() noexcept {
-    place_.reset();
-    list_.reset();
-  }
+  // How many units to keep (at least 1), and how many bytes the older ones of them may hold. Forgets all.
+  void SetLevels(int levels, std::size_t mostBytes = kMostBytes);
+  bool HasLevels() const { return levels_ > 1; }
 
-  // What takes the last unit back: one place, or else a list.
-  const std::optional<Place>& LastPlace() const { return place_; }
-  const std::optional<EditList>& LastList() const { return list_; }
+  bool CanUndo() const { return !back_.units.empty(); }
+  bool CanRedo() const { return !forward_.units.empty(); }
+  void Clear() noexcept;
 
-  // `range` of `text` is going to be replaced by `inserted` bytes.
-  void Prepare(const TextView& text, TextRange range, std::int32_t inserted, EditKind kind);
+  // The unit that is taken back next, and the one that is done again next; only while there is one.
+  const Unit& Last() const { return back_.units.back(); }
+  const Unit& Next() const { return forward_.units.back(); }
+
+  // The caret has moved: what is typed from now on is a unit of its own.
+  void EndUnit() noexcept;
+
+  // The text is the saved one now, or is so nowhere; and whether it is again. With one level nobody knows.
+  void MarkSaved() noexcept;
+  void ForgetSaved() noexcept { saved_.reset(); }
+  bool IsSaved() const { return saved_ == 0; }
+
+  // `range` of `text` is going to be replaced by `inserted`.
+  void Prepare(const TextView& text, TextRange range, std::string_view inserted, EditKind kind);
+
+  // A list of replacements is going to be made, which `inverse` takes back.
+  void PrepareList(EditList&& inverse, std::optional<TextRange> selection);
+
   void Commit() noexcept;
 
-  // Makes `inverse`, which takes a list of replacements back, the last unit.
-  void CommitList(EditList&& inverse) noexcept;
+  // The last unit, or the next one, has been done; `inverse` takes it back.
+  void CommitBack(Unit&& inverse) noexcept;
+  void CommitForward(Unit&& inverse) noexcept;
 
  private:
   enum class Join { kNone, kBehind, kBefore };
 
-  Join JoinOf(TextRange range, std::int32_t inserted, EditKind kind) const;
+  // Units one upon another, and the bytes that they hold.
+  struct Stack {
+    std::list<Unit> units;
+    std::size_t bytes = 0;
 
-  std::optional<Place> place_;
-  std::optional<EditList> list_;
+    std::int64_t Size() const { return static_cast<std::int64_t>(units.size()); }
+    Unit& Top() { return units.back(); }
+    void DropOldest() noexcept;
+    void Clear() noexcept;
+  };
 
-  Join join_ = Join::kNone;  // the prepared change: whether it joins place_
-  Place prepared_;           // what it is by itself
+  Place& OpenPlace() { return std::get<Place>(back_.Top().change); }
+  Join JoinOf(TextRange range, std::int32_t inserted, EditKind kind);
+  void PrepareNode();
+  void JoinPrepared() noexcept;
+  void PushPrepared() noexcept;
+  void Turn(Stack& from, Stack& to, Unit&& inverse) noexcept;
+  void KeepInBounds() noexcept;
+
+  std::int64_t levels_ = 1;
+  std::size_t mostBytes_ = kMostBytes;
+  Stack back_, forward_;
+  bool isOpen_ = false;                // the last unit is a place, and may be joined
+  std::optional<std::int64_t> saved_;  // how many units back the saved text is; negative: forward
+
+  // The prepared change, how it joins the last unit, and the node in which it will be a unit of its own,
+  // unless that is the oldest unit's.
+  Unit prepared_;
+  Join join_ = Join::kNone;
+  bool endsUnit_ = false;
+  std::list<Unit> spare_;
 };
-
-// The list that takes `edits`, once done to `text`, back.
-[[nodiscard]] EditList InverseOf(const EditList& edits, const TextView& text);
 
 }  // namespace tarrow

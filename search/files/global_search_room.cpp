@@ -93,7 +93,8 @@ void GlobalSearchRoom::RunSearch(const SearchRequest& request, LinePattern& patt
     if (!run.Window()) return;
     run.Window()->ReadBy(std::make_unique<MatchLexer>(request.text, OptionsOf(request)));
     isDone = run.Run([&] {
-      std::vector<std::string> files = listFiles_(NamesToSearch(request));
+      run.SetWork(request.directory);
+      std::vector<std::string> files = listFiles_(NamesToSearch(request), run.GetProgress());
       auto listing = request.listLines ? FileSearch::Listing::kLines : FileSearch::Listing::kCounts;
       FileSearch search(pattern, listing, run.Out(), &run.GetProgress());
       SearchFiles(files, search, run);
@@ -110,13 +111,13 @@ void GlobalSearchRoom::SearchFiles(const std::vector<std::string>& files, FileSe
                                    ResultRun& run) {
   const std::string directory = run.Window()->Directory();
   auto count = static_cast<std::int64_t>(files.size());
-  std::int64_t matches = 0;
+  std::int64_t done = 0, matches = 0;
   run.SetWhole(count);
-  for (std::int64_t i = 0; i < count; ++i) {
-    const std::string& path = files[static_cast<std::size_t>(i)];
-    run.SetDone(i);
+  run.SetCounts([&] { return FormatTextResource(kTextSearchCounts, {done, count, matches}); });
+  for (; done < count; ++done) {
+    const std::string& path = files[static_cast<std::size_t>(done)];
+    run.SetDone(done);
     run.SetWork(path);
-    run.SetCounts(FormatTextResource(kTextSearchCounts, {i, count, matches}));
     run.Tick();
     try {
       CFile file(path, CFile::Mode::kRead, CFile::Share::kReadWrite);

@@ -15,7 +15,9 @@ namespace tarrow {
 class GlobalSearchRoom final : public CommandTarget {
  public:
   // Makes a sorted list of full paths of names and wildcard patterns; the first name may be their directory.
-  using FileLister = std::function<std::vector<std::string>(const std::vector<std::string>& names)>;
+  // Polls `progress`, whose CYieldException it lets through.
+  using FileLister =
+      std::function<std::vector<std::string>(const std::vector<std::string>& names, Progress& progress)>;
 
   // All of them outlive the room.
   GlobalSearchRoom(const ResultServices& program, const ProjectOptions& options, Help& help,

@@ -75,7 +75,8 @@ void FindInWindow::ReplaceSelection() {
   BytePos start = replaced.start;
   std::string inserted;
   MakeReplacement(state_, control_).Build(control_.View(), state_.registers, inserted);
-  if (!control_.ReplaceSelection(inserted, EditKind::kForgotten)) return;
+  EditKind kind = control_.HasUndoLevels() ? EditKind::kCommand : EditKind::kForgotten;
+  if (!control_.ReplaceSelection(inserted, kind)) return;
   auto size = static_cast<std::int64_t>(inserted.size());
   control_.Select(start, start + size);
   if (state_.scope) state_.scope->end += size - replaced.Length();

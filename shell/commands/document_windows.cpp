@@ -105,6 +105,7 @@ void DocumentWindows::ChildClosed(CMDIChildWnd& child) {
 
 void DocumentWindows::ChildActivated(CMDIChildWnd& child, bool first) {
   selector_.Select(child);
+  frame_.Post(kInFrontMessage);
   if (!first) return;
   bars_.ShowStatus({}, 0);
   frame_.Post(kShowMenuMessage, static_cast<WPARAM>(MenuBar::kEdit));

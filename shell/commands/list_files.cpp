@@ -3,14 +3,17 @@
 #include "framework/file_system.h"
 #include "tools/file_lists/file_dir.h"
 
+#include <utility>
+
 namespace tarrow {
 
-std::vector<std::string> ListFiles(const std::vector<std::string>& names) {
+std::vector<std::string> ListFiles(const std::vector<std::string>& names, Progress& progress) {
   DiskLookup disk;
-  CFileDir list(disk);
+  CFileDir list(disk, &progress);
+  list.BuildFromNames(names);
   std::vector<std::string> paths;
-  paths.reserve(list.BuildFromNames(names));
-  while (const std::string* path = list.Next()) paths.push_back(*path);
+  paths.reserve(list.Files().size());
+  for (ListedFile& file : list.TakeFiles()) paths.push_back(std::move(file.path));
   return paths;
 }
 

@@ -163,6 +163,11 @@ void OpenFiles::FollowFile(std::string_view from, std::string_view to) {
   if (FormOf(child->Flags()) == DocumentForm::kEdit) AddRecent(child->Path());
 }
 
+void OpenFiles::FileIsOurs(std::string_view path) {
+  if (auto* edit = dynamic_cast<CTwFileEdit*>(FindChildShowing(frame_, LowerCase(path))))
+    edit->TakeFileAsKnown();
+}
+
 CTwChild* OpenFiles::ActiveDocument() const {
   return dynamic_cast<CTwChild*>(frame_.ActiveChild());
 }

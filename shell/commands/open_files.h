@@ -35,6 +35,7 @@ class OpenFiles final : public CommandTarget, public Documents {
   bool OfferToSave(int message) override;
   bool OfferToSaveFile(std::string_view path, int message) override;
   void FollowFile(std::string_view from, std::string_view to) override;
+  void FileIsOurs(std::string_view path) override;
 
  protected:
   static const MessageMap kMessageMap;

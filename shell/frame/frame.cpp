@@ -64,7 +64,10 @@ void CTwFrame::ApplyEffect(SettingsEffect effect, bool projectButtons) {
 }
 
 void CTwFrame::OnActivateApp(bool active) {
-  if (active) bars_.OnActivate();
+  if (active) {
+    bars_.OnActivate();
+    Post(kInFrontMessage);
+  }
   Default();
 }
 

@@ -1,5 +1,6 @@
 #include "shell/frame/message_boxes.h"
 
+#include "framework/dialog.h"
 #include "framework/mdi.h"
 #include "framework/text_resources.h"
 #include "framework/unicode.h"
@@ -24,6 +25,10 @@ int MessageBoxes::ShowMessageBox(HWND owner, UINT style, int id, std::initialize
     ReportOutOfMemory();
     return IDCANCEL;
   }
+}
+
+int MessageBoxes::Ask(CDialog& question) {
+  return muted_ ? IDCANCEL : question.DoModal(frame_.Handle());
 }
 
 // FlashWindowEx counts a change of the title bar, so two flashes are four of them.

@@ -22,6 +22,7 @@ class MessageBoxes final : public Messages {
   // A string that is missing shows as its number between asterisks; IDCANCEL when memory does not suffice for
   // the text.
   int ShowMessageBox(HWND owner, UINT style, int id, std::initializer_list<FormatArg> args) override;
+  int Ask(CDialog& question) override;
   void Alert(UINT sound, const CMDIChildWnd* window) override;
   void ShowFileError(HWND owner, const CFileException& error) override;
   void ReportOutOfMemory() override;

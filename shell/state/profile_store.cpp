@@ -37,16 +37,30 @@ std::string CProfileStore::Decode(std::string value) const {
 
 void CProfileStore::Load(const IniText& file) {
   for (int section = 0; section < static_cast<int>(sections_.size()); ++section)
-    for (const std::string& key : file.Keys(SectionName(section)))
-      WriteString(section, key, Decode(*file.Value(SectionName(section), key)));
+    for (const std::string& key : file.Keys(SectionName(section))) {
+      std::string value = *ValueIn(file, section, key);
+      BeginWith(section, key, value);
+      WriteString(section, key, value);
+    }
+}
+
+std::optional<std::string> CProfileStore::ValueIn(const IniText& file, int section,
+                                                  std::string_view key) const {
+  auto value = file.Value(SectionName(section), key);
+  return value ? std::optional(Decode(*std::move(value))) : std::nullopt;
+}
+
+void CProfileStore::BeginWith(int section, std::string_view key, std::string_view value) {
+  std::string text(value);
+  FindOrAdd(section, key).begun = std::move(text);
 }
 
 void CProfileStore::Save(IniText& file) const {
   for (const Entry& entry : entries_) {
     if (!entry.value) continue;
-    const std::string& section = SectionName(entry.section);
-    auto present = file.Value(section, entry.key);
-    if (!present || Decode(*present) != *entry.value) file.SetValue(section, entry.key, *entry.value);
+    auto present = ValueIn(file, entry.section, entry.key);
+    bool stays = present && (entry.value == entry.begun || entry.value == present);
+    if (!stays) file.SetValue(SectionName(entry.section), entry.key, *entry.value);
   }
 }
 
@@ -67,36 +81,36 @@ std::optional<std::uint32_t> CProfileStore::ReadNumber(int section, std::string_
   return NumberOf(*entry->value, base);
 }
 
-void CProfileStore::WriteString(int section, std::string_view key, std::string_view value) {
+CProfileStore::Entry& CProfileStore::FindOrAdd(int section, std::string_view key) {
   std::string name = CompositeKey(SectionName(section), key);
-  std::string text(value);
-  if (auto found = index_.find(name); found != index_.end()) {
-    entries_[found->second].value = std::move(text);
-    return;
-  }
-  entries_.push_back({section, std::string(key), std::move(text)});
+  if (auto found = index_.find(name); found != index_.end()) return entries_[found->second];
+  entries_.push_back({section, std::string(key), {}, {}});
   try {
     index_.emplace(std::move(name), entries_.size() - 1);
   } catch (...) {
     entries_.pop_back();
     throw;
   }
+  return entries_.back();
+}
+
+void CProfileStore::WriteString(int section, std::string_view key, std::string_view value) {
+  std::string text(value);
+  FindOrAdd(section, key).value = std::move(text);
 }
 
 void CProfileStore::WriteNumber(int section, std::string_view key, std::uint32_t value, int base) {
-  char digits[kWidestNumber];
-  char* end = std::to_chars(digits, digits + kWidestNumber, value, base).ptr;
-  WriteString(section, key, std::string_view(digits, static_cast<std::size_t>(end - digits)));
+  WriteString(section, key, NumberText(value, base));
 }
 
 void CProfileStore::RemoveKey(int section, std::string_view key) {
   auto found = index_.find(CompositeKey(SectionName(section), key));
-  if (found != index_.end()) entries_[found->second].value.reset();
+  if (found != index_.end()) entries_[found->second].Forget();
 }
 
 void CProfileStore::RemoveSection(int section) {
   for (Entry& entry : entries_)
-    if (entry.section == section) entry.value.reset();
+    if (entry.section == section) entry.Forget();
 }
 
 void CProfileStore::Clear() {
@@ -109,6 +123,11 @@ std::vector<std::string> CProfileStore::Keys(int section) const {
   for (const Entry& entry : entries_)
     if (entry.section == section && entry.value) keys.push_back(entry.key);
   return keys;
+}
+
+std::string NumberText(std::uint32_t number, int base) {
+  char digits[kWidestNumber];
+  return std::string(digits, std::to_chars(digits, digits + kWidestNumber, number, base).ptr);
 }
 
 std::vector<std::string> SplitBarList(std::string_view text) {

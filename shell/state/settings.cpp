@@ -30,12 +30,13 @@ struct NumberKey {
   const char* key;
   int base;
   std::uint32_t least, most;
-  std::uint32_t (*get)(const GlobalSettings&);
+  std::uint32_t (*get)(const GlobalSettings&);  // none: the program does not change the value
   void (*set)(GlobalSettings&, std::uint32_t);
   bool always = false;  // written even when settings are not to be saved
 };
 
 constexpr std::uint32_t kAny = std::numeric_limits<std::uint32_t>::max();
+constexpr std::uint32_t kMostUndoLevels = 1'000'000;
 
 constexpr NumberKey kNumberKeys[] = {
     {"SaveSettings", 2, 0, kAny, [](const GlobalSettings& s) -> std::uint32_t { return s.saveSettings; },
@@ -50,6 +51,11 @@ constexpr NumberKey kNumberKeys[] = {
      [](GlobalSettings& s, std::uint32_t n) { s.tabSize = static_cast<int>(n); }},
     {"ShiftWidth", 10, 1, 8, [](const GlobalSettings& s) { return static_cast<std::uint32_t>(s.shiftWidth); },
      [](GlobalSettings& s, std::uint32_t n) { s.shiftWidth = static_cast<int>(n); }},
+    {"UndoLevels", 10, 1, kAny, nullptr,
+     [](GlobalSettings& s, std::uint32_t n) {
+       s.undoLevels = static_cast<int>(std::min(n, kMostUndoLevels));
+     }},
+    {"ExpandTabs", 10, 0, 1, nullptr, [](GlobalSettings& s, std::uint32_t n) { s.expandTabs = n == 1; }},
 };
 
 void ReadGlobalValues(const CProfileStore& store, GlobalSettings& settings) {
@@ -60,9 +66,18 @@ void ReadGlobalValues(const CProfileStore& store, GlobalSettings& settings) {
   if (store.ReadString(kSettingsSection, "ScreenFont", font)) settings.screenFont = ParseScreenFont(font);
 }
 
+// Values that no file has are what they are for every instance of the program.
+void BeginWithGlobalValues(CProfileStore& store, const GlobalSettings& settings) {
+  std::string value;
+  for (const NumberKey& key : kNumberKeys) {
+    if (!key.get || store.ReadString(kSettingsSection, key.key, value)) continue;
+    store.BeginWith(kSettingsSection, key.key, NumberText(key.get(settings), key.base));
+  }
+}
+
 void WriteGlobalValues(CProfileStore& store, const GlobalSettings& settings) {
   for (const NumberKey& key : kNumberKeys)
-    if (settings.saveSettings || key.always)
+    if (key.get && (settings.saveSettings || key.always))
       store.WriteNumber(kSettingsSection, key.key, key.get(settings), key.base);
 }
 
@@ -85,9 +100,18 @@ void ReadRecent(CProfileStore& store, int section, std::string_view name, Recent
   }
 }
 
-void WriteRecent(CProfileStore& store, int section, std::string_view name, const RecentList& list) {
+// Writes a list joined with the one that `file` has.
+void WriteRecent(CProfileStore& store, const IniText& file, int section, std::string_view name,
+                 const RecentList& list) {
+  RecentList saved;
+  for (std::size_t i = 1; i <= RecentList::kCapacity; ++i) {
+    auto value = store.ValueIn(file, section, NumberedKey(name, i));
+    if (!value) break;
+    saved.Append(*std::move(value));
+  }
+  RecentList joined = list.JoinedWith(saved);
   std::size_t number = 0;
-  for (const std::string& entry : list.Names())
+  for (const std::string& entry : joined.Names())
     store.WriteString(section, NumberedKey(name, ++number), entry);
 }
 
@@ -120,12 +144,14 @@ void OverlayProject(SettingsFiles& files, CProfileStore& store, const std::strin
 
 // Moves what the store holds to the project's file. Returns why that failed; the store goes on without it.
 std::optional<CFileException> SaveProject(SettingsFiles& files, CProfileStore& store,
-                                          const ProjectState& project) {
+                                          const ProgramSettings& settings) {
+  const ProjectState& project = settings.project;
   store.RemoveKey(kProjectSection, ProjectKey());
   store.WriteString(kProjectSection, FindText(kTextKeyDebugBuild), project.debugBuild ? "1" : "0");
   store.WriteString(kProjectSection, FindText(kTextKeyEnvironment),
                     EnvironmentNames()[static_cast<std::size_t>(project.environment)]);
   IniText file = files.ReadProject();
+  WriteRecent(store, file, kSessionSection, "File", settings.recentFiles);
   file.RemoveKey(store.SectionName(kProjectSection), ProjectKey());
   file.RemoveSection(store.SectionName(kSessionSection));
   store.Save(file);
@@ -162,6 +188,7 @@ void LoadSettings(SettingsFiles& files, CProfileStore& store, bool restoreProjec
   }
   ReadGlobalValues(store, settings.global);
   settings.styles = ReadStyles(store);
+  BeginWithGlobalValues(store, settings.global);
   ReadRecent(store, kSessionSection, "File", settings.recentFiles);
   ReadRecent(store, kProjectSection, "Project", settings.recentProjects);
   for (std::size_t i = 1; i <= RecentList::kCapacity; ++i)
@@ -173,18 +200,19 @@ void SaveSettings(SettingsFiles& files, CProfileStore& store, const ProgramSetti
                   std::string_view window) {
   if (settings.global.saveSettings) store.WriteString(kSettingsSection, "Window", window);
   WriteGlobalValues(store, settings.global);
-  WriteRecent(store, kSessionSection, "File", settings.recentFiles);
 
+  std::unique_ptr<SettingsFiles::Turn> turn = files.TakeTurn();
   IniText global = files.ReadGlobal();
   std::optional<CFileException> failure;
   if (!settings.project.directory.empty()) {
-    failure = SaveProject(files, store, settings.project);
+    failure = SaveProject(files, store, settings);
   } else {
+    WriteRecent(store, global, kSessionSection, "File", settings.recentFiles);
     store.RemoveKey(kProjectSection, ProjectKey());
     global.RemoveKey(store.SectionName(kProjectSection), ProjectKey());
     global.RemoveSection(store.SectionName(kSessionSection));
   }
-  WriteRecent(store, kProjectSection, "Project", settings.recentProjects);
+  WriteRecent(store, global, kProjectSection, "Project", settings.recentProjects);
   store.Save(global);
   files.WriteGlobal(global);
   store.Clear();

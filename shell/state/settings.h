@@ -12,6 +12,7 @@
 #include "ui/program/string_ids.h"
 #include "ui/settings/global_settings.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -48,6 +49,13 @@ struct ProgramSettings {
 // CFileException.
 class SettingsFiles {
  public:
+  // While it lives, no other instance of the program that has taken its turn reads and writes the files.
+  class Turn {
+   public:
+    virtual ~Turn() = default;
+  };
+  [[nodiscard]] virtual std::unique_ptr<Turn> TakeTurn() { return nullptr; }
+
   virtual IniText ReadGlobal() = 0;
   virtual void WriteGlobal(const IniText& text) = 0;
 
@@ -67,8 +75,9 @@ class SettingsFiles {
 // stands there. `restoreProject`: the project that was open last is opened again, unless one is given.
 void LoadSettings(SettingsFiles& files, CProfileStore& store, bool restoreProject, ProgramSettings& settings);
 
-// Writes `settings` to `store`, and the store to the files. `window` is the value for the frame's placement.
-// Throws CFileException when a file could not be written.
+// Writes `settings` to `store`, and the store to the files as they are by now: what another instance of the
+// program has written stays where this run has changed nothing, but the session is that of the last to end.
+// `window` is the value for the frame's placement. Throws CFileException when a file could not be written.
 void SaveSettings(SettingsFiles& files, CProfileStore& store, const ProgramSettings& settings,
                   std::string_view window);
 

@@ -5,12 +5,34 @@
 #include "framework/directories.h"
 #include "framework/file.h"
 #include "framework/file_system.h"
+#include "framework/handle.h"
 #include "shell/state/init_file.h"
 
 namespace tarrow {
 namespace {
 
 constexpr std::string_view kUserFolder = "Tarrow";
+
+constexpr wchar_t kTurnName[] = L"Local\\TarrowSettings";
+constexpr DWORD kTurnMilliseconds = 2000;
+
+// The one mutex of the session's instances, held if it could be had.
+class MutexTurn final : public SettingsFiles::Turn {
+ public:
+  MutexTurn() : mutex_(::CreateMutexW(nullptr, FALSE, kTurnName)) {
+    DWORD result = mutex_ ? ::WaitForSingleObject(mutex_.Get(), kTurnMilliseconds) : WAIT_FAILED;
+    isHeld_ = result == WAIT_OBJECT_0 || result == WAIT_ABANDONED;
+  }
+  ~MutexTurn() override {
+    if (isHeld_) ::ReleaseMutex(mutex_.Get());
+  }
+  MutexTurn(const MutexTurn&) = delete;
+  MutexTurn& operator=(const MutexTurn&) = delete;
+
+ private:
+  KernelHandle mutex_;
+  bool isHeld_ = false;
+};
 
 }  // namespace
 
@@ -50,6 +72,10 @@ bool WindowsSettingsDisk::Enter(const std::string& directory) {
   } catch (const CFileException&) {
     return false;
   }
+}
+
+std::unique_ptr<SettingsFiles::Turn> DiskSettingsFiles::TakeTurn() {
+  return std::make_unique<MutexTurn>();
 }
 
 void DiskSettingsFiles::SetGlobalFile(const std::string& path) {

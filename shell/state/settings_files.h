@@ -24,6 +24,10 @@ class DiskSettingsFiles final : public SettingsLocation {
   // the settings of programs stands in for it where it cannot be written.
   void SetGlobalFile(const std::string& path);
 
+  // Waits for the others, but not for long: one that hangs must not keep the settings of the rest from being
+  // saved.
+  std::unique_ptr<Turn> TakeTurn() override;
+
  private:
   WindowsSettingsDisk disk_;
 };

@@ -13,7 +13,7 @@ CASES = ROOT / "tests" / "cases"
 class Case:
     path: pathlib.Path
     command: str
-    settings: tuple  # tab size, shift width
+    settings: tuple  # tab size, shift width, whether spaces stand for tabs
     flags: list
     before: bytes
     selection: tuple
@@ -54,8 +54,10 @@ def read(path):
     after, selection_after = marked(texts["after"].removesuffix("\n")) if "after" in texts else (before, selection)
     if fields.get("characters") == "ansi" and (before.isascii() or is_utf8(before)):
         return None
-    return Case(path, fields["command"], (int(fields.get("tab size", 8)), int(fields.get("shift width", 4))),
-                fields.get("flags", "").split(), before, selection, after, selection_after)
+    settings = tuple(int(fields.get(name, usual))
+                     for name, usual in (("tab size", 8), ("shift width", 4), ("expand tabs", 0)))
+    return Case(path, fields["command"], settings, fields.get("flags", "").split(), before, selection, after,
+                selection_after)
 
 
 def is_utf8(content):

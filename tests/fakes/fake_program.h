@@ -1,6 +1,7 @@
 // A program around a room under test: small parts that remember what they are asked for.
 #pragma once
 
+#include "framework/dialog.h"
 #include "ui/program/help.h"
 #include "ui/program/messages.h"
 #include "ui/program/project_options.h"
@@ -19,6 +20,7 @@ class FakeMessages final : public Messages {
   std::vector<int> boxes;             // their strings
   std::vector<std::string> subjects;  // what fills the first field of each
   std::vector<UINT> alerts;
+  std::vector<WORD> questions;  // the templates of the dialogs that ask, which get the answer, too
   int outOfMemory = 0;
   bool keepsFileErrors = false;  // rather than throw them at the test
   std::vector<FileCause> fileErrors;
@@ -26,6 +28,10 @@ class FakeMessages final : public Messages {
   int ShowMessageBox(HWND, UINT, int id, std::initializer_list<FormatArg> args) override {
     boxes.push_back(id);
     subjects.emplace_back(args.size() ? args.begin()->Text() : std::string_view());
+    return answer;
+  }
+  int Ask(CDialog& question) override {
+    questions.push_back(question.Template());
     return answer;
   }
   void Alert(UINT sound, const CMDIChildWnd*) override { alerts.push_back(sound); }

@@ -43,7 +43,7 @@ void ExtractionRoom::Extract(AnchoredPattern& pattern) {
   run.Window()->ReadBy(SearchResultLexer());
   run.Run([&] {
     DiskLookup disk;
-    CFileDir list(disk);
+    CFileDir list(disk, &run.GetProgress());
     run.SetWhole(static_cast<std::int64_t>(list.Build({request_.files})));
     for (std::int64_t done = 0; const std::string* path = list.Next(); ++done) {
       run.SetDone(done);

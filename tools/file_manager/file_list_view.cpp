@@ -6,12 +6,16 @@
 #include "ui/program/string_ids.h"
 
 #include <algorithm>
+#include <numeric>
+#include <utility>
 
 namespace tarrow {
 namespace {
 
 // Widths in hundredths of the control's.
 constexpr int kColumnWidths[kFileColumnCount] = {42, 16, 27, 15};
+
+constexpr auto kEveryRow = static_cast<std::size_t>(-1);
 
 bool IsNumber(FileColumn column) {
   return column == FileColumn::kSize;
@@ -41,27 +45,36 @@ void FileListView::Attach(HWND control) {
   ShowSortArrow();
 }
 
-void FileListView::Show(const std::vector<ListedFile>& files, std::string_view directory) {
+void FileListView::Show(std::vector<ListedFile> files, std::string_view directory) {
   Choice choice = TakeChoice();
   HoldDrawing();
-  table_.Assign(files, directory);
+  table_.Assign(std::move(files), directory);
   ::SendMessageW(control_, LVM_SETITEMCOUNT, table_.Size(), 0);
   Restore(choice);
   DrawAgain();
 }
 
+// The control is asked row by row only where it has to be.
 std::vector<std::size_t> FileListView::ChosenRows() const {
   std::vector<std::size_t> rows;
-  for (LRESULT row = -1;;) {
+  std::size_t count = ChosenCount();
+  if (count == table_.Size()) {
+    rows.resize(count);
+    std::iota(rows.begin(), rows.end(), std::size_t{0});
+    return rows;
+  }
+  LRESULT row = -1;
+  while (rows.size() < count) {
     row = ::SendMessageW(control_, LVM_GETNEXTITEM, static_cast<WPARAM>(row), LVNI_SELECTED);
-    if (row < 0 || static_cast<std::size_t>(row) >= table_.Size()) return rows;
+    if (row < 0 || static_cast<std::size_t>(row) >= table_.Size()) break;
     rows.push_back(static_cast<std::size_t>(row));
   }
+  return rows;
 }
 
 std::vector<std::string> FileListView::ChosenPaths() const {
   std::vector<std::string> paths;
-  for (std::size_t row : ChosenRows()) paths.push_back(table_[row].path);
+  for (std::size_t row : ChosenRows()) paths.push_back(table_.Path(row));
   return paths;
 }
 
@@ -69,8 +82,18 @@ std::size_t FileListView::ChosenCount() const {
   return static_cast<std::size_t>(::SendMessageW(control_, LVM_GETSELECTEDCOUNT, 0, 0));
 }
 
+std::uint64_t FileListView::ChosenBytes() const {
+  if (ChosenCount() == table_.Size()) return table_.TotalSize();
+  std::uint64_t bytes = 0;
+  for (std::size_t row : ChosenRows()) bytes += table_[row].entry.size;
+  return bytes;
+}
+
+// Wine has each row drawn by itself, where the list is drawn.
 void FileListView::ChooseAll() const {
-  SetState(static_cast<std::size_t>(-1), LVIS_SELECTED);
+  HoldDrawing();
+  SetState(kEveryRow, LVIS_SELECTED, LVIS_SELECTED);
+  DrawAgain();
 }
 
 void FileListView::HoldDrawing() const {
@@ -82,45 +105,61 @@ void FileListView::DrawAgain() const {
   ::InvalidateRect(control_, nullptr, TRUE);
 }
 
-void FileListView::SetState(std::size_t row, UINT state) const {
+void FileListView::SetState(std::size_t row, UINT state, UINT mask) const {
   LVITEMW item{};
   item.state = state;
-  item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
-  if (state == LVIS_SELECTED) item.stateMask = LVIS_SELECTED;
+  item.stateMask = mask;
   ::SendMessageW(control_, LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
 }
 
 FileListView::Choice FileListView::TakeChoice() const {
   Choice choice;
-  for (std::size_t row : ChosenRows()) choice.keys.push_back(table_[row].key);
-  LRESULT focused = ::SendMessageW(control_, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED);
-  if (focused >= 0 && static_cast<std::size_t>(focused) < table_.Size())
-    choice.focused = table_[static_cast<std::size_t>(focused)].key;
+  for (std::size_t row : ChosenRows()) choice.paths.push_back(table_[row].path);
+  std::ranges::sort(choice.paths);
+  choice.focused = Focused();
   return choice;
 }
 
-// Finding a hundred thousand keys one by one would take its time, so the rows are gone through once.
+// The path of the file that has the focus.
+std::string FileListView::Focused() const {
+  LRESULT row = ::SendMessageW(control_, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED);
+  return row >= 0 && static_cast<std::size_t>(row) < table_.Size()
+             ? table_[static_cast<std::size_t>(row)].path
+             : std::string();
+}
+
 void FileListView::Restore(const Choice& choice) const {
-  SetState(static_cast<std::size_t>(-1), 0);
-  std::vector<std::string_view> keys(choice.keys.begin(), choice.keys.end());
-  std::ranges::sort(keys);
-  bool wereAll = !keys.empty() && keys.size() == table_.Size();
-  for (std::size_t row = 0; row < table_.Size() && !keys.empty(); ++row)
-    if (!wereAll && std::ranges::binary_search(keys, table_[row].key)) SetState(row, LVIS_SELECTED);
-  if (wereAll) ChooseAll();
-  std::size_t focused = table_.Find(choice.focused).value_or(0);
+  SetState(kEveryRow, 0, LVIS_SELECTED);
+  Choose(table_.RowsOf(choice.paths));
+  Focus(choice.focused);
+}
+
+// Row by row the lesser part of the list, where it may have a hundred thousand rows.
+void FileListView::Choose(const std::vector<std::size_t>& rows) const {
+  bool areMost = rows.size() > table_.Size() / 2;
+  if (areMost) SetState(kEveryRow, LVIS_SELECTED, LVIS_SELECTED);
+  auto next = rows.begin();
+  for (std::size_t row = 0; row < table_.Size() && (areMost || next != rows.end()); ++row) {
+    bool isChosen = next != rows.end() && *next == row;
+    if (isChosen) ++next;
+    if (isChosen != areMost) SetState(row, isChosen ? LVIS_SELECTED : 0, LVIS_SELECTED);
+  }
+}
+
+// Puts the focus on a file; on the first when there is no such file any more.
+void FileListView::Focus(const std::string& path) const {
   if (table_.Size() == 0) return;
-  LVITEMW item{};
-  item.state = item.stateMask = LVIS_FOCUSED;
-  ::SendMessageW(control_, LVM_SETITEMSTATE, focused, reinterpret_cast<LPARAM>(&item));
-  ::SendMessageW(control_, LVM_ENSUREVISIBLE, focused, FALSE);
+  std::vector<std::size_t> rows = table_.RowsOf({path});
+  std::size_t row = rows.empty() ? 0 : rows[0];
+  SetState(row, LVIS_FOCUSED, LVIS_FOCUSED);
+  ::SendMessageW(control_, LVM_ENSUREVISIBLE, row, FALSE);
 }
 
 std::string FileListView::CellText(std::size_t row, FileColumn column) const {
-  const FileRow& file = table_[row];
+  const DirectoryEntry& file = table_[row].entry;
   switch (column) {
     case FileColumn::kName:
-      return file.name;
+      return table_.Name(row);
     case FileColumn::kSize:
       return CountText(file.size);
     case FileColumn::kModified:
@@ -145,12 +184,14 @@ int FileListView::Find(const NMLVFINDITEMW& wanted) const {
   return row ? static_cast<int>(*row) : -1;
 }
 
+// Where all are chosen or none, that holds in any order.
 void FileListView::SortBy(FileColumn column) {
-  Choice choice = TakeChoice();
+  bool areAllAlike = ChosenCount() == 0 || ChosenCount() == table_.Size();
+  Choice choice = areAllAlike ? Choice{{}, Focused()} : TakeChoice();
   table_.SortBy(column, column == table_.SortColumn() && !table_.IsDescending());
   ShowSortArrow();
   HoldDrawing();
-  Restore(choice);
+  areAllAlike ? Focus(choice.focused) : Restore(choice);
   DrawAgain();
 }
 

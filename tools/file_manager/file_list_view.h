@@ -10,6 +10,7 @@
 
 #include <commctrl.h>
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -22,7 +23,7 @@ class FileListView {
   HWND Handle() const { return control_; }
 
   // Shows the files of a list. Those that were there before stay chosen.
-  void Show(const std::vector<ListedFile>& files, std::string_view directory);
+  void Show(std::vector<ListedFile> files, std::string_view directory);
 
   const FileTable& Table() const { return table_; }
 
@@ -30,6 +31,7 @@ class FileListView {
   std::vector<std::size_t> ChosenRows() const;
   std::vector<std::string> ChosenPaths() const;
   std::size_t ChosenCount() const;
+  std::uint64_t ChosenBytes() const;
   void ChooseAll() const;
 
   // Between these the list is not drawn: where a hundred thousand rows change, each would ask for it.
@@ -40,8 +42,9 @@ class FileListView {
   bool OnNotify(const NMHDR& header, LPARAM l, LRESULT& result);
 
  private:
+  // Paths in lower case, by which files are known from one list to the next.
   struct Choice {
-    std::vector<std::string> keys;
+    std::vector<std::string> paths;  // in ascending order
     std::string focused;
   };
 
@@ -51,8 +54,11 @@ class FileListView {
   void ShowSortArrow() const;
   Choice TakeChoice() const;
   void Restore(const Choice& choice) const;
+  void Choose(const std::vector<std::size_t>& rows) const;
+  std::string Focused() const;
+  void Focus(const std::string& path) const;
   std::string CellText(std::size_t row, FileColumn column) const;
-  void SetState(std::size_t row, UINT state) const;
+  void SetState(std::size_t row, UINT state, UINT mask) const;
 
   HWND control_ = nullptr;
   FileTable table_;

@@ -127,9 +127,11 @@ void CFileManagerDialog::OnDelete() {
   Delete(Removal::kRecycle);
 }
 
+// All the files are on the drive of the directory.
 void CFileManagerDialog::Delete(Removal removal) {
   std::vector<std::string> paths = list_.ChosenPaths();
   if (paths.empty()) return;
+  if (!HasRecycleBin(WindowsFileDisk::Drive(state_.directory))) removal = Removal::kForGood;
   bool recycles = removal == Removal::kRecycle;
   constexpr UINT kBox = MB_YESNO | MB_ICONQUESTION;
   int answer =
@@ -146,10 +148,11 @@ void CFileManagerDialog::OnTouch() {
   std::vector<std::size_t> rows = list_.ChosenRows();
   std::vector<std::string> paths = list_.ChosenPaths();
   if (paths.empty() || !OfferToSave(paths)) return;
-  CTouchDialog dialog(SubjectOf(paths), list_.Table()[rows[0]].modified);
+  CTouchDialog dialog(SubjectOf(paths), list_.Table()[rows[0]].entry.modified);
   if (dialog.DoModal(Handle()) != IDOK) return;
   Do(kTextTouchingFiles, paths.size(),
      [&](FileOperations& files) { return files.Touch(paths, dialog.Time()); });
+  for (const std::string& path : paths) program_.documents.FileIsOurs(path);
 }
 
 void CFileManagerDialog::OnAttributes() {
@@ -157,8 +160,8 @@ void CFileManagerDialog::OnAttributes() {
   if (paths.empty() || !OfferToSave(paths)) return;
   std::uint32_t all = ~0u, any = 0;
   for (std::size_t row : list_.ChosenRows()) {
-    all &= list_.Table()[row].attributes;
-    any |= list_.Table()[row].attributes;
+    all &= list_.Table()[row].entry.attributes;
+    any |= list_.Table()[row].entry.attributes;
   }
   CAttributesDialog dialog(SubjectOf(paths), all, any);
   if (dialog.DoModal(Handle()) != IDOK) return;

@@ -8,7 +8,9 @@
 #include "framework/file_system.h"
 #include "framework/text_resources.h"
 #include "resources/resource.h"
+#include "tools/file_manager/operation_desk.h"
 #include "tools/file_manager/regional_text.h"
+#include "ui/program/progress_box.h"
 #include "ui/program/string_ids.h"
 
 #include <utility>
@@ -18,6 +20,10 @@ namespace {
 
 // Posted by the dialog to itself: other files are chosen. Choosing many sends a notification for each.
 constexpr UINT kChoiceChanged = WM_APP + 1;
+
+constexpr UINT_PTR kSumTimer = 1;
+constexpr UINT kSumDelay = 200;           // milliseconds
+constexpr std::size_t kManyToSum = 2000;  // the list is asked for each of them
 
 constexpr DialogAnchor kAnchors[] = {
     {.id = IDC_MANAGED_DIRECTORY, .growsWide = true},
@@ -47,6 +53,7 @@ constinit const MessageMap CFileManagerDialog::kMessageMap =
                      On<WM_GETMINMAXINFO, &CFileManagerDialog::OnGetMinMaxInfo>,
                      On<WM_NOTIFY, &CFileManagerDialog::OnNotifyMessage>,
                      On<kChoiceChanged, &CFileManagerDialog::OnChoiceChanged>,
+                     On<WM_TIMER, &CFileManagerDialog::OnTimer>,
                      On<WM_DESTROY, &CFileManagerDialog::OnDestroy>,
                      OnCommand<IDC_MANAGED_REFRESH, &CFileManagerDialog::OnRefresh>,
                      OnCommand<IDC_MANAGED_BROWSE, &CFileManagerDialog::OnBrowse>,
@@ -159,10 +166,7 @@ bool CFileManagerDialog::List(const std::string& directory, const std::string& p
   try {
     std::string full = FullPath(directory);
     if (!IsDirectory(WithoutTrailingSeparators(full))) throw CFileException(FileCause::kBadPath, full);
-    state_.directory = WithoutTrailingSeparators(full);
-    state_.patterns = patterns;
-    ListAgain();
-    return true;
+    return Show(std::string(WithoutTrailingSeparators(full)), patterns);
   } catch (const CFileException&) {
     program_.messages.ShowMessageBox(Handle(), MB_ICONSTOP, kTextBadPath);
     FocusItem(IDC_MANAGED_DIRECTORY);
@@ -172,14 +176,35 @@ bool CFileManagerDialog::List(const std::string& directory, const std::string& p
 
 // Shows the files of the directory and patterns last listed as they are now.
 void CFileManagerDialog::ListAgain() {
+  Show(state_.directory, state_.patterns);
+}
+
+// Lists the files of a directory. False when the user cancels it: the list stays as it was.
+bool CFileManagerDialog::Show(const std::string& directory, const std::string& patterns) {
+  try {
+    std::vector<ListedFile> files = Find(directory, patterns);
+    state_.directory = directory;
+    state_.patterns = patterns;
+    list_.Show(std::move(files), directory);
+    ShowCounts();
+    return true;
+  } catch (const CYieldException&) {
+    TellCancelled(program_.messages, program_.status);
+    return false;
+  }
+}
+
+std::vector<ListedFile> CFileManagerDialog::Find(const std::string& directory, const std::string& patterns) {
+  std::vector<std::string> names = SplitWords(patterns);
+  names.insert(names.begin(), directory);
   WaitState wait(program_.waiting);
-  std::vector<std::string> names = SplitWords(state_.patterns);
-  names.insert(names.begin(), state_.directory);
+  HWND owner = ::IsWindowVisible(Handle()) ? Handle() : program_.frame.Handle();
+  CProgressBox box(owner, FormatTextResource(kTextListing, {directory}));
   DiskLookup disk;
-  CFileDir files(disk);
+  CFileDir files(disk, &box);
+  box.SetCounts([&] { return FormatTextResource(kTextManyFiles, {files.Files().size()}); });
   files.BuildFromNames(names);
-  list_.Show(files.Files(), state_.directory);
-  ShowCounts();
+  return files.TakeFiles();
 }
 
 void CFileManagerDialog::OnBrowse() {
@@ -197,17 +222,32 @@ LRESULT CFileManagerDialog::OnChoiceChanged(WPARAM, LPARAM) {
   return 0;
 }
 
+// The sizes of very many files are summed once the user pauses: not at each key that chooses one more.
+void CFileManagerDialog::OnTimer(UINT_PTR id) {
+  ::KillTimer(Handle(), id);
+  ShowChosen(true);
+}
+
 void CFileManagerDialog::ShowCounts() {
+  std::size_t chosen = list_.ChosenCount();
+  bool isQuick = chosen < kManyToSum || chosen == list_.Table().Size();
+  if (!isQuick) ::SetTimer(Handle(), kSumTimer, kSumDelay, nullptr);
+  ShowChosen(isQuick);
+}
+
+void CFileManagerDialog::ShowChosen(bool withBytes) {
   countsAreOld_ = false;
   const FileTable& table = list_.Table();
-  std::vector<std::size_t> chosen = list_.ChosenRows();
-  std::uint64_t bytes = 0;
-  for (std::size_t row : chosen) bytes += table[row].size;
-  SetItemText(IDC_MANAGED_COUNTS,
-              chosen.empty()
-                  ? FormatTextResource(kTextListedFiles, {table.Size(), CountText(table.TotalSize())})
-                  : FormatTextResource(kTextChosenFiles, {chosen.size(), table.Size(), CountText(bytes)}));
-  for (int button : kFileButtons) EnableItem(button, !chosen.empty());
+  std::size_t chosen = list_.ChosenCount();
+  std::string text;
+  if (chosen == 0)
+    text = FormatTextResource(kTextListedFiles, {table.Size(), CountText(table.TotalSize())});
+  else if (withBytes)
+    text = FormatTextResource(kTextChosenFiles, {chosen, table.Size(), CountText(list_.ChosenBytes())});
+  else
+    text = FormatTextResource(kTextChosenManyFiles, {chosen, table.Size()});
+  SetItemText(IDC_MANAGED_COUNTS, text);
+  for (int button : kFileButtons) EnableItem(button, chosen > 0);
 }
 
 }  // namespace tarrow

@@ -67,8 +67,12 @@ class CFileManagerDialog final : public CDialog {
   void OnListKey(UINT key);
   bool List(const std::string& directory, const std::string& patterns);
   void ListAgain();
+  bool Show(const std::string& directory, const std::string& patterns);
+  std::vector<ListedFile> Find(const std::string& directory, const std::string& patterns);
   void SetDefaultButton(int id);
+  void OnTimer(UINT_PTR id);
   void ShowCounts();
+  void ShowChosen(bool withBytes);
 
   // file_manager_commands.cpp: what is done with the files.
   void OnOpenFiles();

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 namespace tarrow {
 namespace {
@@ -15,35 +16,22 @@ struct AttributeLetter {
 constexpr AttributeLetter kLetters[] = {
     {kAttributeReadOnly, 'R'}, {kAttributeHidden, 'H'}, {kAttributeSystem, 'S'}, {kAttributeArchive, 'A'}};
 
-FileRow RowOf(const ListedFile& file, std::string_view directory) {
-  FileRow row;
-  row.key = file.path;
-  row.path = std::string(DirectoryPart(file.path)) + file.entry.name;
-  row.name = NameSeenFrom(directory, row.path);
-  row.size = file.entry.size;
-  row.modified = file.entry.modified;
-  row.attributes = file.entry.attributes;
-  return row;
-}
-
-std::uint64_t NumberIn(const FileRow& row, FileColumn column) {
-  switch (column) {
-    case FileColumn::kSize:
-      return row.size;
-    case FileColumn::kModified:
-      return row.modified;
-    default:
-      return 0;
-  }
+// A number that orders attributes as their letters do.
+std::uint32_t AttributeRank(std::uint32_t attributes) {
+  std::uint32_t rank = 0;
+  for (char letter : (AttributeLetters(attributes) + "    ").substr(0, 4))
+    rank = rank << 8 | static_cast<unsigned char>(letter);
+  return rank;
 }
 
 }  // namespace
 
-void FileTable::Assign(const std::vector<ListedFile>& files, std::string_view directory) {
-  rows_.clear();
-  for (const ListedFile& file : files)
-    if (!file.entry.name.empty()) rows_.push_back(RowOf(file, directory));
-  order_.resize(rows_.size());
+void FileTable::Assign(std::vector<ListedFile> files, std::string_view directory) {
+  files_ = std::move(files);
+  std::erase_if(files_, [](const ListedFile& file) { return file.entry.name.empty(); });
+  directory_ = directory;
+  totalSize_ = 0;
+  for (const ListedFile& file : files_) totalSize_ += file.entry.size;
   Sort();
 }
 
@@ -53,43 +41,65 @@ void FileTable::SortBy(FileColumn column, bool descending) {
   Sort();
 }
 
+std::uint64_t FileTable::SortValue(const ListedFile& file) const {
+  switch (column_) {
+    case FileColumn::kSize:
+      return file.entry.size;
+    case FileColumn::kModified:
+      return file.entry.modified;
+    case FileColumn::kAttributes:
+      return AttributeRank(file.entry.attributes);
+    default:
+      return 0;
+  }
+}
+
 // What is equal in the column stays in the order of the names, whichever way the column goes.
 void FileTable::Sort() {
+  order_.resize(files_.size());
   std::iota(order_.begin(), order_.end(), 0u);
   if (column_ == FileColumn::kName) {
     if (descending_) std::ranges::reverse(order_);
     return;
   }
-  auto sortBy = [&](auto valueOf) {
-    std::ranges::stable_sort(order_, [&](std::uint32_t a, std::uint32_t b) {
-      return descending_ ? valueOf(b) < valueOf(a) : valueOf(a) < valueOf(b);
-    });
-  };
-  if (column_ == FileColumn::kAttributes)
-    sortBy([&](std::uint32_t i) { return AttributeLetters(rows_[i].attributes); });
-  else
-    sortBy([&](std::uint32_t i) { return NumberIn(rows_[i], column_); });
+  std::vector<std::uint64_t> values(files_.size());
+  std::ranges::transform(files_, values.begin(), [&](const ListedFile& file) { return SortValue(file); });
+  std::ranges::stable_sort(order_, [&](std::uint32_t a, std::uint32_t b) {
+    return descending_ ? values[b] < values[a] : values[a] < values[b];
+  });
 }
 
-std::optional<std::size_t> FileTable::Find(std::string_view key) const {
-  auto found = std::ranges::lower_bound(rows_, key, {}, &FileRow::key);
-  if (found == rows_.end() || found->key != key) return {};
-  auto place = static_cast<std::uint32_t>(found - rows_.begin());
-  return static_cast<std::size_t>(std::ranges::find(order_, place) - order_.begin());
+std::string FileTable::Path(std::size_t row) const {
+  const ListedFile& file = (*this)[row];
+  return std::string(DirectoryPart(file.path)) + file.entry.name;
+}
+
+std::string FileTable::Name(std::size_t row) const {
+  return std::string(NameSeenFrom(directory_, Path(row)));
+}
+
+// Both are in the same order, and gone through side by side.
+std::vector<std::size_t> FileTable::RowsOf(const std::vector<std::string>& paths) const {
+  std::vector<bool> isWanted(files_.size());
+  auto file = files_.begin();
+  for (const std::string& path : paths) {
+    while (file != files_.end() && file->path < path) ++file;
+    if (file != files_.end() && file->path == path)
+      isWanted[static_cast<std::size_t>(file - files_.begin())] = true;
+  }
+  std::vector<std::size_t> rows;
+  for (std::size_t row = 0; row < order_.size(); ++row)
+    if (isWanted[order_[row]]) rows.push_back(row);
+  return rows;
 }
 
 std::optional<std::size_t> FileTable::FindName(std::string_view prefix, std::size_t start) const {
   for (std::size_t i = 0; i < Size(); ++i) {
     std::size_t row = (start + i) % Size();
-    std::string_view name = (*this)[row].name;
-    if (EqualIgnoringCase(name.substr(0, prefix.size()), prefix)) return row;
+    std::string name = Name(row);
+    if (EqualIgnoringCase(std::string_view(name).substr(0, prefix.size()), prefix)) return row;
   }
   return {};
-}
-
-std::uint64_t FileTable::TotalSize() const {
-  return std::accumulate(rows_.begin(), rows_.end(), std::uint64_t{0},
-                         [](std::uint64_t sum, const FileRow& row) { return sum + row.size; });
 }
 
 std::string AttributeLetters(std::uint32_t attributes) {

@@ -13,44 +13,47 @@
 
 namespace tarrow {
 
-struct FileRow {
-  std::string path;  // full, the name in the case that it has on the disk
-  std::string key;   // the same in lower case: which file it is, and its place among the names
-  std::string name;  // as it is shown: seen from the directory of the list
-  std::uint64_t size = 0;
-  std::uint64_t modified = 0;  // in units of 100 nanoseconds since 1601, UTC
-  std::uint32_t attributes = 0;
-};
-
 enum class FileColumn { kName, kSize, kModified, kAttributes };
 inline constexpr int kFileColumnCount = 4;
 
 class FileTable {
  public:
-  // Takes over the files of a list that exist, shown as seen from `directory`, in the order last asked for.
-  void Assign(const std::vector<ListedFile>& files, std::string_view directory);
+  // Takes over the files of a list (CFileDir) that exist, to be shown as seen from `directory`, in the order
+  // last asked for.
+  void Assign(std::vector<ListedFile> files, std::string_view directory);
 
   void SortBy(FileColumn column, bool descending);
   FileColumn SortColumn() const { return column_; }
   bool IsDescending() const { return descending_; }
 
   std::size_t Size() const { return order_.size(); }
-  const FileRow& operator[](std::size_t row) const { return rows_[order_[row]]; }
 
-  // The row of the file with that key.
-  [[nodiscard]] std::optional<std::size_t> Find(std::string_view key) const;
+  // The file of a row. Its path is in lower case and tells which file it is.
+  const ListedFile& operator[](std::size_t row) const { return files_[order_[row]]; }
+
+  // Its full path, the name in the case that it has on the disk; and the name as it is shown, seen from the
+  // directory of the list.
+  std::string Path(std::size_t row) const;
+  std::string Name(std::size_t row) const;
+
+  // The rows, in ascending order, of those files in the list that have one of these paths, in lower case and
+  // ascending order.
+  [[nodiscard]] std::vector<std::size_t> RowsOf(const std::vector<std::string>& paths) const;
 
   // The first row from `start` on, going round, whose name begins with `prefix`, ASCII letters in any case.
   [[nodiscard]] std::optional<std::size_t> FindName(std::string_view prefix, std::size_t start) const;
 
   // The sum of the sizes of all files.
-  std::uint64_t TotalSize() const;
+  std::uint64_t TotalSize() const { return totalSize_; }
 
  private:
   void Sort();
+  std::uint64_t SortValue(const ListedFile& file) const;
 
-  std::vector<FileRow> rows_;         // in the order of their keys
-  std::vector<std::uint32_t> order_;  // places in rows_
+  std::vector<ListedFile> files_;     // in the order of their paths
+  std::vector<std::uint32_t> order_;  // places in files_
+  std::string directory_;
+  std::uint64_t totalSize_ = 0;
   FileColumn column_ = FileColumn::kName;
   bool descending_ = false;
 };

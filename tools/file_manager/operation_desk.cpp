@@ -82,6 +82,11 @@ std::string Describe(int id, const FileState& state) {
 
 }  // namespace
 
+void TellCancelled(Messages& messages, StatusLine& status) {
+  messages.Alert(MB_ICONHAND);
+  status.ShowStatusId(kTextCancelled, kStatusSeconds);
+}
+
 // Nothing else of the program takes input before the operation is over, the questions in between included.
 OperationReport OperationDesk::Run(int title, std::size_t count,
                                    const std::function<OperationReport(FileOperations&)>& operation) {
@@ -89,6 +94,7 @@ OperationReport OperationDesk::Run(int title, std::size_t count,
   count_ = count;
   box_ = std::make_unique<CProgressBox>(dialog_, LoadText(title));
   box_->SetWhole(static_cast<std::int64_t>(count));
+  box_->SetCounts([this] { return FormatTextResource(kTextFilesDone, {done_, count_}); });
   WindowsFileDisk disk;
   FileOperations operations(disk, *this);
   OperationReport report = operation(operations);
@@ -108,14 +114,13 @@ void OperationDesk::Tell(const OperationReport& report, std::size_t count) {
   if (!report.cancelled)
     return status_.ShowStatus(FormatTextResource(kTextFilesDealtWith, {report.done, count - report.done}),
                               kStatusSeconds);
-  messages_.Alert(MB_ICONHAND);
-  status_.ShowStatusId(kTextCancelled, kStatusSeconds);
+  TellCancelled(messages_, status_);
 }
 
 void OperationDesk::OnFile(const std::string& path, std::size_t done) {
   box_->SetWork(path);
   box_->SetDone(static_cast<std::int64_t>(done));
-  box_->SetCounts(FormatTextResource(kTextFilesDone, {done, count_}));
+  done_ = done;
 }
 
 OperationOwner::Answer OperationDesk::MayReplace(const std::string& to, const FileState& old,

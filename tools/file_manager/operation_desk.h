@@ -16,6 +16,9 @@
 
 namespace tarrow {
 
+// Tells the user that what he cancelled has ended.
+void TellCancelled(Messages& messages, StatusLine& status);
+
 class OperationDesk final : public OperationOwner {
  public:
   // All of them outlive the desk. The boxes stand above `dialog`, which belongs to `frame`.
@@ -41,7 +44,7 @@ class OperationDesk final : public OperationOwner {
   Messages& messages_;
   StatusLine& status_;
   std::unique_ptr<CProgressBox> box_;  // while an operation runs
-  std::size_t count_ = 0;
+  std::size_t done_ = 0, count_ = 0;
 };
 
 }  // namespace tarrow

@@ -86,6 +86,19 @@ FileCause CauseOfShellError(int error) {
   return FileCauseFromWindows(static_cast<unsigned long>(error));
 }
 
+DriveKind KindOf(UINT type) {
+  switch (type) {
+    case DRIVE_FIXED:
+      return DriveKind::kFixed;
+    case DRIVE_REMOVABLE:
+      return DriveKind::kRemovable;
+    case DRIVE_REMOTE:
+      return DriveKind::kRemote;
+    default:
+      return DriveKind::kOther;
+  }
+}
+
 bool Rename(const std::string& from, const std::string& to, bool replace) {
   return MoveFileExW(CheckedWidePath(from).c_str(), CheckedWidePath(to).c_str(),
                      replace ? MOVEFILE_REPLACE_EXISTING : 0) != 0;
@@ -129,6 +142,14 @@ bool WindowsFileDisk::Move(const std::string& from, const std::string& to, bool 
   DWORD error = GetLastError();
   if (error == ERROR_NOT_SAME_DEVICE) return false;
   throw CFileException(FileCauseFromWindows(error), from);
+}
+
+DriveFacts WindowsFileDisk::Drive(const std::string& directory) {
+  wchar_t root[kMaxPath];
+  if (!GetVolumePathNameW(CheckedWidePath(directory).c_str(), root, kMaxPath)) return {};
+  SHQUERYRBINFO bin{};
+  bin.cbSize = sizeof bin;
+  return {KindOf(GetDriveTypeW(root)), SUCCEEDED(SHQueryRecycleBinW(root, &bin))};
 }
 
 void WindowsFileDisk::Recycle(const std::string& path) {

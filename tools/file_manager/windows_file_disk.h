@@ -3,6 +3,7 @@
 
 #include "framework/file_system.h"
 #include "tools/file_manager/file_disk.h"
+#include "tools/file_manager/recycle_bin.h"
 
 namespace tarrow {
 
@@ -11,8 +12,11 @@ class WindowsFileDisk final : public FileDisk {
   std::optional<std::uint32_t> Attributes(std::string_view path) override { return lookup_.Attributes(path); }
   bool IsDriveKnown(char letter) override { return lookup_.IsDriveKnown(letter); }
   std::optional<std::string> FullPath(std::string_view path) override { return lookup_.FullPath(path); }
-  std::vector<DirectoryEntry> Find(std::string_view pattern) override { return lookup_.Find(pattern); }
+  void Find(std::string_view pattern, Progress* progress, const EntryUse& use) override {
+    lookup_.Find(pattern, progress, use);
+  }
   std::string Lower(std::string_view path) override { return lookup_.Lower(path); }
+  std::string LowerLetters(std::string_view name) override { return lookup_.LowerLetters(name); }
 
   std::optional<FileState> State(const std::string& path) override;
   bool IsSame(const std::string& a, const std::string& b) override { return SameFile(a, b); }
@@ -21,6 +25,10 @@ class WindowsFileDisk final : public FileDisk {
   bool Move(const std::string& from, const std::string& to, bool replace) override;
   void Remove(const std::string& path) override { RemoveFile(path); }
   void Recycle(const std::string& path) override;
+
+  // What recycling a file in this directory comes to.
+  [[nodiscard]] static DriveFacts Drive(const std::string& directory);
+
   void SetAttributes(const std::string& path, std::uint32_t attributes) override {
     ChangeAttributes(path, attributes);
   }

@@ -82,7 +82,7 @@ ToolImages::ToolImages(int dpi) {
 void ToolImages::Draw(HDC dc, int image, int left, int top, bool enabled) const {
   SelectedObject bitmap(dc_.Get(), bitmap_.Get());
   BLENDFUNCTION blend{AC_SRC_OVER, 0, enabled ? BYTE{255} : kPale, AC_SRC_ALPHA};
-  ::AlphaBlend(dc, left, top, size_, size_, dc_.Get(), image * size_, 0, size_, size_, blend);
+  ::GdiAlphaBlend(dc, left, top, size_, size_, dc_.Get(), image * size_, 0, size_, size_, blend);
 }
 
 }  // namespace tarrow

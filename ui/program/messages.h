@@ -12,6 +12,7 @@
 
 namespace tarrow {
 
+class CDialog;
 class CMDIChildWnd;
 
 class Messages {
@@ -19,6 +20,9 @@ class Messages {
   // Shows string `id` formatted with `args` under the program's title and returns the button (IDOK ...).
   // Without an owner the frame owns the box.
   virtual int ShowMessageBox(HWND owner, UINT style, int id, std::initializer_list<FormatArg> args = {}) = 0;
+
+  // Runs a dialog whose buttons say what they do, owned by the frame; returns what it was closed with.
+  virtual int Ask(CDialog& question) = 0;
 
   // The warning beep `sound` (MB_ICONSTOP ...); when the user wants visible alerts, the title of the frame
   // flashes too, or that of `window` unless it is maximised.

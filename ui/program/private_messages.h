@@ -16,6 +16,12 @@ inline constexpr UINT kShowMenuMessage = WM_USER + 2;
 // Told to the targets of the frame: no document window is active any more.
 inline constexpr UINT kNoDocumentMessage = WM_USER + 20;
 
+// Posted to the frame: a document window, or the program, has come to the front.
+inline constexpr UINT kInFrontMessage = WM_USER + 22;
+
+// Posted to the frame: a file has been looked at.
+inline constexpr UINT kFileLookedMessage = WM_USER + 23;
+
 // Posted by a result window to itself: open the place that has been asked for.
 inline constexpr UINT kOpenPlaceMessage = WM_USER + 21;
 

@@ -35,10 +35,6 @@ void CProgressBox::SetWork(std::string_view work) {
   work_ = work;
 }
 
-void CProgressBox::SetCounts(std::string_view counts) {
-  counts_ = counts;
-}
-
 void CProgressBox::Poll() {
   auto now = Clock::now();
   if (now - looked_ < kPeriod) return;
@@ -69,7 +65,8 @@ bool CProgressBox::OnInitDialog() {
 
 void CProgressBox::Show() {
   if (work_ != shownWork_) SetItemText(IDC_PROGRESS_WORK, shownWork_ = work_);
-  if (counts_ != shownCounts_) SetItemText(IDC_PROGRESS_COUNTS, shownCounts_ = counts_);
+  std::string counts = counts_ ? counts_() : std::string();
+  if (counts != shownCounts_) SetItemText(IDC_PROGRESS_COUNTS, shownCounts_ = counts);
   if (whole_ <= 0) return;
   int part = static_cast<int>(std::clamp(done_, std::int64_t{0}, whole_) * kParts / whole_);
   if (part == shownPart_) return;

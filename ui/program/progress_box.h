@@ -12,9 +12,11 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tarrow {
 
@@ -25,10 +27,11 @@ class CProgressBox final : public CDialog, public Progress {
   CProgressBox(HWND frame, std::string_view text);
   ~CProgressBox() override;
 
-  // What is being worked on now, a path mostly; and a line that counts what has been found. Cheap: they are
-  // shown with the next look.
+  // What is being worked on now, a path mostly. Cheap: it is shown with the next look.
   void SetWork(std::string_view work);
-  void SetCounts(std::string_view counts);
+
+  // Who makes the line that counts what has been found; asked at each look while the box stands.
+  void SetCounts(std::function<std::string()> counts) { counts_ = std::move(counts); }
 
   // How much there is to do, and how much of it is done, in any unit; without a whole there is no bar.
   void SetWhole(std::int64_t whole) { whole_ = whole; }
@@ -50,7 +53,8 @@ class CProgressBox final : public CDialog, public Progress {
 
   HWND frame_;
   std::string text_;
-  std::string work_, counts_;
+  std::string work_;
+  std::function<std::string()> counts_;
   std::string shownWork_, shownCounts_;
   std::int64_t whole_ = 0, done_ = 0;
   int shownPart_ = -1;  // thousandths

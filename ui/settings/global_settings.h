@@ -46,6 +46,8 @@ struct GlobalSettings {
   ArrangeMode arrange = ArrangeMode::kMaximised;
   int tabSize = 8;     // columns, 2..8
   int shiftWidth = 4;  // columns, 1..8
+  int undoLevels = 1;  // 1: the last change is taken back, and done again
+  bool expandTabs = false;
   FontChoice screenFont;
 
   constexpr bool Has(GlobalFlag flag) const { return (flags & flag) != 0; }

@@ -1,5 +1,6 @@
 #include "ui/settings/global_settings_dialog.h"
 
+#include "framework/common_dialogs.h"
 #include "framework/font_dialog.h"
 #include "framework/handle.h"
 #include "resources/resource.h"
@@ -7,8 +8,6 @@
 #include "ui/program/string_ids.h"
 #include "ui/settings/font_choice.h"
 #include "ui/settings/key_bindings_dialog.h"
-
-#include <commdlg.h>
 
 namespace tarrow {
 
@@ -26,7 +25,7 @@ MemoryDcHandle DefaultPrinter() {
   PRINTDLGW print{};
   print.lStructSize = sizeof print;
   print.Flags = PD_RETURNDEFAULT | PD_RETURNDC;
-  if (!::PrintDlgW(&print)) return {};
+  if (!kPrintDlg(&print)) return {};
   ::GlobalFree(print.hDevMode);
   ::GlobalFree(print.hDevNames);
   return MemoryDcHandle(print.hDC);

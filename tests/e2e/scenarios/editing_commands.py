@@ -19,8 +19,8 @@ class EditingCommands(Scenario):
             return case.settings
         cases = [case for case in editing_cases.cases() if not is_converted(case.before)]
         self.assertTrue(cases, "there is no case")
-        for (tab_size, shift_width), group in itertools.groupby(sorted(cases, key=settings), settings):
-            self.write_settings(TabSize=tab_size, ShiftWidth=shift_width)
+        for (tab_size, shift_width, expand), group in itertools.groupby(sorted(cases, key=settings), settings):
+            self.write_settings(TabSize=tab_size, ShiftWidth=shift_width, ExpandTabs=expand)
             self.play_group(list(group))
 
     def play_group(self, cases):
@@ -63,7 +63,7 @@ class EditingCommands(Scenario):
             self.wait_content(path, case.after)
 
     def run_command(self, program, edit, command):
-        if command in ("Enter", "Home"):
+        if command in ("Enter", "Tab", "Home"):
             self.stage.keys(command)
         elif command == "DoubleClick":
             self.double_click_at_caret(edit)

@@ -178,6 +178,12 @@ class Comparison(Tool):
 class Extraction(Tool):
     default = "[ -~][ -~][ -~][ -~]+"
 
+    def wait_address(self, digits):
+        """Waits for the hex view; its caret stands where these hexadecimal digits begin."""
+        self.stage.wait(lambda: self.stage.probe.ask("focus")["focusClass"] == "TarrowFileView", "the focus in the view")
+        self.stage.keys(*["Shift+Right"] * len(digits), "Ctrl+c")
+        self.stage.wait(lambda: self.stage.clipboard() == digits, f"{digits} to be chosen")
+
     def extract(self, program, files, pattern=None):
         program.command("Tool:ExtractStrings")
         dialog = program.dialog("Extract Strings")
@@ -195,6 +201,21 @@ class Extraction(Tool):
         self.fill(dialog, Filter_Pattern=self.default)
         program.push(dialog, "OK")
         self.wait_result(program, f"Extract Strings: {self.default}", "a.bin(0x0001): abcd\n")
+
+    def test_a_line_leads_to_its_address(self):
+        path = self.write("a.bin", bytes(0x10) + b"first" + bytes(0x1230) + b"second")
+        program = self.start()
+        self.extract(program, "a.bin")
+        title = f"Extract Strings: {self.default}"
+        self.wait_result(program, title, "a.bin(0x0010): first\na.bin(0x1245): second\n")
+        self.goto(program, title, 2)
+        self.wait_address(b"sec".hex())
+        self.assertEqual(program.titles()[0], shown_path(path))
+        self.stage.keys("Ctrl+F6")
+        program.wait_title(title)
+        left, top, _, _ = program.documents()[0].find("TarrowEdit").facts["rect"]
+        self.stage.click(left + 2, top + 8, "double")
+        self.wait_address(b"firs".hex())
 
     def test_finds_what_tarrowc_finds(self):
         binary = (BUILD / self.stage.width / "console" / "tarrowc.exe").read_bytes()[:400_000]

@@ -57,6 +57,7 @@ void ReadField(EditingCase& to, const std::string& line) {
   if (name == "command") return void(to.command = value);
   if (name == "tab size") return void(to.indent.tabSize = ReadNumber(value));
   if (name == "shift width") return void(to.indent.shiftWidth = ReadNumber(value));
+  if (name == "expand tabs") return void(to.indent.expandTabs = ReadNumber(value) == 1);
   if (name == "flags") return void(to.flags = ReadFlags(value));
   if (name == "beep") return void(to.beep = ReadBeep(value));
   if (name == "characters" && value == "ansi") return void(to.charset = Charset(WesternCodePage()));

@@ -40,6 +40,12 @@ EditOutcome PressEnter(const EditingCase& c, TextView text) {
   return BreakLine(text, c.before.selection, c.indent, c.flags & kIndentBlocks);
 }
 
+EditOutcome PressTab(const EditingCase& c, TextView text) {
+  if (c.flags & kReadOnly) return EditOutcome::Select(c.before.selection);
+  if (!c.indent.expandTabs) return ReplaceBy(c.before.selection, "\t");
+  return TypeTabAsSpaces(text, c.before.selection, c.indent.tabSize, c.charset);
+}
+
 EditOutcome Type(const EditingCase& c, TextView text, std::string_view typed) {
   auto character = static_cast<unsigned char>(typed[0]);
   TextRange range = c.before.selection;
@@ -53,6 +59,7 @@ EditOutcome Type(const EditingCase& c, TextView text, std::string_view typed) {
 EditOutcome Play(const EditingCase& c, TextView text) {
   TextRange selection = c.before.selection;
   if (c.command == "Enter") return PressEnter(c, text);
+  if (c.command == "Tab") return PressTab(c, text);
   if (c.command == "Home") {
     BytePos home = HomePosition(text, selection);
     return EditOutcome::Select({home, home});

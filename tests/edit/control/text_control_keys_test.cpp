@@ -243,6 +243,54 @@ TEST(TextControlKeys, TypingIsOneUnitOfUndo) {
   EXPECT_EQ(host.Shown(), "a[xyz]d");
 }
 
+// The texts that one undo after another brings back.
+std::vector<std::string> Undone(ControlHost& host) {
+  std::vector<std::string> texts;
+  while (host.control.UndoLast()) texts.push_back(host.Content());
+  return texts;
+}
+
+TEST(TextControlKeys, UnitsOfSeveralEndWithTheLineAndWhereTheCaretHasMoved) {
+  using Texts = std::vector<std::string>;
+  ControlHost host;
+  host.control.SetUndoLevels(20);
+  Show(host, "|");
+  host.Type(u"ab\rcd");
+  EXPECT_EQ(Undone(host), (Texts{"ab\r\n", ""}));
+  Show(host, "|");
+  host.Type(u"ab");
+  host.Press(VK_LEFT);
+  host.Press(VK_RIGHT);
+  host.Type(u"c");
+  host.Press(VK_END);
+  host.Type(u"d");
+  EXPECT_EQ(Undone(host), (Texts{"ab", ""})) << "the end was where the caret stood";
+  EXPECT_TRUE(host.control.RedoNext());
+  host.Type(u"\x19");
+  EXPECT_EQ(host.Content(), "abcd");
+}
+
+TEST(TextControlKeys, BackAtTheSavedTextItIsUnmodified) {
+  ControlHost host;
+  host.control.SetUndoLevels(20);
+  Show(host, "one|");
+  EXPECT_FALSE(host.control.IsModified());
+  host.Type(u"x");
+  host.control.SetModified(false);
+  host.Type(u"y");
+  EXPECT_TRUE(host.control.IsModified());
+  host.control.UndoLast();
+  EXPECT_FALSE(host.control.IsModified());
+  host.control.UndoLast();
+  EXPECT_TRUE(host.control.IsModified());
+  host.control.RedoNext();
+  EXPECT_FALSE(host.control.IsModified());
+  host.control.SetModified(true);
+  host.control.UndoLast();
+  host.control.RedoNext();
+  EXPECT_TRUE(host.control.IsModified()) << "it is nowhere the saved one";
+}
+
 TEST(TextControlKeys, UndoOfAListRestoresTheSelectionBeforeIt) {
   ControlHost host;
   Show(host, "[one\r\ntwo\r\n]three");

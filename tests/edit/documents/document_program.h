@@ -20,6 +20,7 @@ class FakeDocuments final : public Documents {
   bool mayContinue = true;  // what is answered to offers to save
   std::vector<std::string> offered;
   std::vector<std::pair<std::string, std::string>> followed;
+  std::vector<std::string> own;
 
   bool OpenFile(std::string_view path, bool, bool) override {
     opened.emplace_back(path);
@@ -40,6 +41,7 @@ class FakeDocuments final : public Documents {
     return mayContinue;
   }
   void FollowFile(std::string_view from, std::string_view to) override { followed.emplace_back(from, to); }
+  void FileIsOurs(std::string_view path) override { own.emplace_back(path); }
 };
 
 // The frame's window and its ears for the document windows; what it hears it forgets.

@@ -34,6 +34,7 @@ UINT SoundOf(Beep beep) {
 // The case through the window's own ways: keys, typed characters, commands.
 void Play(EditFixture& edit, const EditingCase& c) {
   if (c.command == "Enter") return edit.Type(u"\r");
+  if (c.command == "Tab") return edit.Type(u"\t");
   if (c.command == "Home") return edit.Press(VK_HOME);
   if (c.command == "DoubleClick") return void(edit.commands.OnDoubleClick(c.before.selection.start));
   if (c.command.starts_with("Type "))
@@ -49,6 +50,7 @@ TEST_F(EditingCommandsTest, PlaysAllCasesThatTheEnginesPlay) {
     edit_.control.SetReadOnly((c.flags & kReadOnly) != 0);
     program_.settings.tabSize = c.indent.tabSize;
     program_.settings.shiftWidth = c.indent.shiftWidth;
+    program_.settings.expandTabs = c.indent.expandTabs;
     program_.messages.alerts.clear();
     edit_.SetMarked(c.before);
     Play(edit_, c);
@@ -73,6 +75,34 @@ TEST_F(EditingCommandsTest, EnterWithItsIndentationIsOneUnitOfUndo) {
   EXPECT_EQ(edit_.Marked(), "\tone\n\t‸");
   edit_.commands.Run(kEditUndo);
   EXPECT_EQ(ShowMarkedText({edit_.control.View().Copy(), {}}), "‸\tone");
+}
+
+TEST_F(EditingCommandsTest, SeveralLevelsOfUndoKeepWhatCameBeforeTheClipboard) {
+  edit_.control.SetUndoLevels(10);
+  edit_.SetMarked("«one» two");
+  edit_.commands.Run(kEditCut);
+  edit_.commands.Run(kEditPaste);
+  edit_.commands.Run(kEditPaste);
+  EXPECT_EQ(edit_.Marked(), "oneone‸ two");
+  EXPECT_FALSE(edit_.commands.State(kEditRepeat).enabled);
+  for (const char* text : {"one two", " two", "one two"}) {
+    edit_.commands.Run(kEditUndo);
+    EXPECT_EQ(edit_.control.View().Copy(), text);
+  }
+  EXPECT_TRUE(program_.messages.alerts.empty());
+  edit_.commands.Run(kEditUndo);
+  EXPECT_EQ(program_.messages.alerts.size(), 1u) << "there is nothing more";
+  EXPECT_TRUE(edit_.commands.State(kEditRepeat).enabled);
+  for (const char* text : {" two", "one two", "oneone two"}) {
+    edit_.commands.Run(kEditRepeat);
+    EXPECT_EQ(edit_.control.View().Copy(), text);
+  }
+  edit_.commands.Run(kEditRepeat);
+  EXPECT_EQ(program_.messages.alerts.size(), 2u);
+  edit_.control.SetReadOnly(true);
+  EXPECT_FALSE(edit_.commands.State(kEditUndo).enabled);
+  edit_.commands.Run(kEditRepeat);
+  EXPECT_EQ(edit_.Marked(), "one«one» two");
 }
 
 TEST_F(EditingCommandsTest, UndoWithoutAnythingToUndoBeeps) {

@@ -96,6 +96,24 @@ TEST(TextBufferFaults, UndoOfAPlaceAndOfAList) {
   FailEverywhere(list, [](TextBuffer& b) { b.UndoLast(); });
 }
 
+TEST(TextBufferFaults, LevelsOfUndo) {
+  auto make = [] {
+    TextBuffer buffer = BufferOf(ManyLines());
+    buffer.SetUndoLevels(3);
+    buffer.Replace(Range(0, 1000), "", EditKind::kDeleting);
+    buffer.Replace(Range(0, 110'000), "a long enough replacement to need memory of its own");
+    return buffer;
+  };
+  FailEverywhere(make, [](TextBuffer& b) { b.Replace(Range(9, 9), "x"); });
+  FailEverywhere(make, [](TextBuffer& b) { b.UndoLast(); });
+  auto undone = [&] {
+    TextBuffer buffer = make();
+    buffer.UndoLast();
+    return buffer;
+  };
+  FailEverywhere(undone, [](TextBuffer& b) { b.RedoNext(); });
+}
+
 TEST(TextBufferFaults, RefusesMoreThanATextMayHold) {
   TextBuffer buffer = BufferOf("abc");
   std::string_view huge("x", static_cast<std::size_t>(kMaxTextSize));

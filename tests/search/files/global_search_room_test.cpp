@@ -15,9 +15,9 @@
 namespace tarrow {
 namespace {
 
-std::vector<std::string> ListFiles(const std::vector<std::string>& names) {
+std::vector<std::string> ListFiles(const std::vector<std::string>& names, Progress& progress) {
   DiskLookup disk;
-  CFileDir list(disk);
+  CFileDir list(disk, &progress);
   list.BuildFromNames(names);
   std::vector<std::string> paths;
   while (const std::string* path = list.Next()) paths.push_back(*path);

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <random>
 #include <string>
 
 namespace tarrow {
@@ -67,6 +68,8 @@ TEST(Settings, TakeOnlyValuesInTheirRange) {
   auto shift = [](const GlobalSettings& s) { return s.shiftWidth; };
   auto flags = [](const GlobalSettings& s) { return static_cast<int>(s.flags); };
   auto arrange = [](const GlobalSettings& s) { return static_cast<int>(s.arrange); };
+  auto levels = [](const GlobalSettings& s) { return s.undoLevels; };
+  auto spaces = [](const GlobalSettings& s) { return static_cast<int>(s.expandTabs); };
   auto save = [](const GlobalSettings& s) { return static_cast<int>(s.saveSettings); };
   for (const Case& c : std::initializer_list<Case>{{"TabSize=2", 2, tab},
                                                    {"TabSize=8", 8, tab},
@@ -82,6 +85,13 @@ TEST(Settings, TakeOnlyValuesInTheirRange) {
                                                    {"SaveSettings=1", 1, save},
                                                    {"SaveSettings=10", 0, save},
                                                    {"SaveSettings=0", 0, save},
+                                                   {"UndoLevels=1", 1, levels},
+                                                   {"UndoLevels=0", 1, levels},
+                                                   {"UndoLevels=50", 50, levels},
+                                                   {"UndoLevels=99999999999", 1000000, levels},
+                                                   {"ExpandTabs=1", 1, spaces},
+                                                   {"ExpandTabs=0", 0, spaces},
+                                                   {"ExpandTabs=2", 0, spaces},
                                                    {"TabSize=99999999999999", 8, tab},
                                                    {"TabSize=", 8, tab}}) {
     MemoryFiles files;
@@ -102,6 +112,7 @@ TEST(Settings, ComeBackAsTheyWereSaved) {
   first.settings.recentFiles.Add("c:\\a, b.c");
   first.settings.recentProjects.Add("c:\\p");
   first.Save();
+  EXPECT_EQ("(none)", files.Global("Settings", "UndoLevels")) << "nobody has asked for it";
   EXPECT_EQ("101010101", files.Global("Settings", "Flags"));
   EXPECT_EQ("c.exe", files.Global("Settings", "Calculator"));
   EXPECT_EQ("1", files.Global("Elsewhere", "x"));
@@ -176,6 +187,80 @@ TEST(Settings, DropAProjectThatCannotBeEntered) {
   MemoryFiles kept;
   kept.global = "[Project]\r\nProject=c:\\work\\editor\r\n";
   EXPECT_EQ("", ProgramRun(kept, false).settings.project.directory);
+}
+
+// What one of two instances leaves in a key: its own value if it has changed it, else what it finds.
+TEST(Settings, OfTwoInstancesStayWhereOnlyOneHasChangedThem) {
+  const char* const keys[] = {"TabSize", "ShiftWidth", "Arrange", "Calculator", "PageHeader"};
+  std::mt19937 random(15);
+  auto change = [&](ProgramRun& run, const char* key, const std::string& value) {
+    GlobalSettings& global = run.settings.global;
+    if (key == keys[0]) return void(global.tabSize = std::stoi(value));
+    if (key == keys[1]) return void(global.shiftWidth = std::stoi(value));
+    if (key == keys[2]) return void(global.arrange = static_cast<ArrangeMode>(std::stoi(value)));
+    run.store.WriteString(kSettingsSection, key, value);
+  };
+  for (int round = 0; round < 300; ++round) {
+    MemoryFiles files;
+    std::map<std::string, std::string> expected;
+    files.global = "[Settings]\r\n";
+    for (const char* key : keys)
+      if (random() % 2)
+        files.global += key + ("=" + (expected[key] = std::to_string(2 + random() % 2))) + "\r\n";
+    ProgramRun first(files), second(files);
+    for (ProgramRun* run : {&first, &second})
+      for (const char* key : keys) {
+        if (random() % 3) continue;
+        std::string value = std::to_string(2 + random() % 2), before = "(none)";
+        if (key == keys[0]) before = std::to_string(run->settings.global.tabSize);
+        if (key == keys[1]) before = std::to_string(run->settings.global.shiftWidth);
+        if (key == keys[2]) before = std::to_string(static_cast<int>(run->settings.global.arrange));
+        if (before == "(none)") (void)run->store.ReadString(kSettingsSection, key, before);
+        change(*run, key, value);
+        if (value != before) expected[key] = value;
+      }
+    first.Save();
+    second.Save();
+    for (const auto& [key, value] : expected) ASSERT_EQ(value, files.Global("Settings", key)) << key << round;
+  }
+}
+
+TEST(Settings, OfTwoInstancesJoinTheirListsAndKeepTheLastSession) {
+  MemoryFiles files;
+  files.global =
+      "[Session]\r\nFile 1=x\r\nFile 2=y\r\nFile 3=z\r\n[Project]\r\nProject 1=p\r\nProject 2=q\r\n";
+  ProgramRun first(files), second(files), idle(files);
+  first.settings.recentFiles.Add("a");
+  first.settings.recentProjects.Add("r");
+  WriteSession(first.store, {{"a", 1u}, {"x", 1u}});
+  second.settings.recentFiles.Add("z");
+  second.settings.recentProjects.Add("q");
+  WriteSession(second.store, {{"z", 2u}});
+  first.Save();
+  second.Save();
+  ProgramRun after(files);
+  EXPECT_EQ((std::vector<std::string>{"z", "y", "x", "a"}), after.settings.recentFiles.Names());
+  EXPECT_EQ((std::vector<std::string>{"q", "p", "r"}), after.settings.recentProjects.Names());
+  EXPECT_EQ((std::vector<SessionEntry>{{"z", 2u}}), ReadSession(after.store));
+  idle.Save();
+  ProgramRun last(files);
+  EXPECT_EQ(after.settings.recentFiles.Names(), last.settings.recentFiles.Names())
+      << "nothing was added there";
+  EXPECT_TRUE(ReadSession(last.store).empty());
+}
+
+TEST(Settings, OfAProjectTakeNothingBackThatAnotherInstanceHasSet) {
+  MemoryFiles files;
+  files.global = "[Settings]\r\nTabSize=5\r\n[Project]\r\nProject=c:\\work\\editor\r\n";
+  ProgramRun first(files), second(files);
+  first.settings.global.tabSize = 3;
+  first.store.WriteString(kFirstOptionSection, "Compiler", "cc.exe");
+  first.Save();
+  second.settings.global.shiftWidth = 2;
+  second.Save();
+  EXPECT_EQ("3", files.Project("Settings", "TabSize"));
+  EXPECT_EQ("2", files.Project("Settings", "ShiftWidth"));
+  EXPECT_EQ("cc.exe", files.Project("Microsoft C", "Compiler"));
 }
 
 TEST(Settings, ReadScreenFontsWithTheirOldSign) {

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <new>
 
 namespace tarrow {
@@ -111,15 +112,46 @@ TEST_F(FileDirTest, PathBeyondTheLimitIsKeptAsItWasJoined) {
 
 TEST_F(FileDirTest, OutOfMemoryLeavesNoList) {
   struct : TableDisk {
-    std::vector<DirectoryEntry> Find(std::string_view pattern) override {
+    void Find(std::string_view pattern, Progress*, const EntryUse&) override {
       if (pattern == "b.c") throw std::bad_alloc();
-      return {};
     }
   } failing;
   CFileDir list(failing);
   EXPECT_THROW(list.Build({"a.c b.c"}), CMemoryException);
   EXPECT_TRUE(list.Files().empty());
   EXPECT_EQ(list.Next(), nullptr);
+}
+
+TEST_F(FileDirTest, NamesThatDifferInCaseOnlyKeepIt) {
+  disk.Add("c:\\src\\UTIL.C");
+  EXPECT_EQ(Build({"c:\\src *.c *.h util.?"}),
+            (Paths{"c:\\src\\UTIL.C", "c:\\src\\main.c", "c:\\src\\util.C", "c:\\src\\util.h"}));
+}
+
+// A directory without an end, or nearly so: a test that fails must end.
+class EndlessDisk final : public TableDisk {
+ public:
+  void Find(std::string_view, Progress* progress, const EntryUse& use) override {
+    EXPECT_EQ(progress, expected);
+    auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    for (int i = 0; std::chrono::steady_clock::now() < limit; ++i)
+      use({.name = "f" + std::to_string(i), .attributes = kAttributeArchive});
+    ADD_FAILURE() << "nobody was asked";
+  }
+  Progress* expected = nullptr;
+};
+
+struct Impatient final : Progress {
+  void Poll() override { throw CYieldException(); }
+};
+
+TEST(FileDir, ListingEndsWhereTheProgressThrows) {
+  Impatient progress;
+  EndlessDisk disk;
+  disk.expected = &progress;
+  CFileDir list(disk, &progress);
+  EXPECT_THROW(list.Build({"c:\\src\\*.*"}), CYieldException);
+  EXPECT_TRUE(list.Files().empty());
 }
 
 }  // namespace

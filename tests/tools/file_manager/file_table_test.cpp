@@ -15,7 +15,7 @@ ListedFile Listed(std::string path, std::string name, std::uint64_t size, std::u
 
 std::string Names(const FileTable& table) {
   std::string names;
-  for (std::size_t i = 0; i < table.Size(); ++i) names += table[i].name + " ";
+  for (std::size_t i = 0; i < table.Size(); ++i) names += table.Name(i) + " ";
   return names;
 }
 
@@ -33,8 +33,8 @@ class FileTableTest : public testing::Test {
 
 TEST_F(FileTableTest, ShowsWhatExistsAsSeenFromTheDirectory) {
   EXPECT_EQ(Names(table), "A.c b.c sub\\Z.c d:\\x.c ");
-  EXPECT_EQ(table[0].path, "c:\\work\\A.c");
-  EXPECT_EQ(table[0].key, "c:\\work\\a.c");
+  EXPECT_EQ(table.Path(0), "c:\\work\\A.c");
+  EXPECT_EQ(table[0].path, "c:\\work\\a.c");
   EXPECT_EQ(table.TotalSize(), 70u);
 }
 
@@ -59,8 +59,10 @@ TEST_F(FileTableTest, SortsByEachColumnWithTheNamesBelow) {
 
 TEST_F(FileTableTest, FindsFilesInAnyOrder) {
   table.SortBy(FileColumn::kSize, true);
-  for (std::size_t i = 0; i < table.Size(); ++i) EXPECT_EQ(table.Find(table[i].key), i);
-  EXPECT_EQ(table.Find("c:\\work\\gone.c"), std::nullopt);
+  using Rows = std::vector<std::size_t>;
+  for (std::size_t i = 0; i < table.Size(); ++i) EXPECT_EQ(table.RowsOf({table[i].path}), Rows{i});
+  EXPECT_EQ(table.RowsOf({"c:\\work\\a.c", "c:\\work\\b.c", "c:\\work\\gone.c", "d:\\x.c"}), (Rows{0, 1, 2}));
+  EXPECT_EQ(table.RowsOf({"a", "z"}), Rows{});
   EXPECT_EQ(table.FindName("B", 0), 2u);
   EXPECT_EQ(table.FindName("a", 1), 0u) << "going round";
   EXPECT_EQ(table.FindName("q", 0), std::nullopt);
@@ -84,9 +86,9 @@ TEST(FileTable, SortsAHundredThousandFilesRightly) {
   table.Assign(files, "c:\\");
   table.SortBy(FileColumn::kModified, true);
   for (std::size_t i = 1; i < table.Size(); ++i) {
-    const FileRow &above = table[i - 1], &below = table[i];
-    ASSERT_TRUE(above.modified > below.modified ||
-                (above.modified == below.modified && above.key < below.key));
+    const ListedFile &above = table[i - 1], &below = table[i];
+    ASSERT_TRUE(above.entry.modified > below.entry.modified ||
+                (above.entry.modified == below.entry.modified && above.path < below.path));
   }
 }
 

@@ -63,8 +63,9 @@ class ManagedDisk final : public FileDisk {
     if (path.size() >= 2 && path[1] == ':') return std::string(path);
     return JoinPath(current, path);
   }
-  std::vector<DirectoryEntry> Find(std::string_view) override { return {}; }
-  std::string Lower(std::string_view path) override {
+  void Find(std::string_view, Progress*, const EntryUse&) override {}
+  std::string Lower(std::string_view path) override { return LowerLetters(path); }
+  std::string LowerLetters(std::string_view path) override {
     std::string lower(path);
     for (char& c : lower)
       if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + 32);

@@ -79,6 +79,11 @@ TEST_F(WindowsFileDiskTest, RecyclesAndRemoves) {
   EXPECT_THROW(disk_.Recycle(one), CFileException);
 }
 
+TEST_F(WindowsFileDiskTest, TellsOfTheDrive) {
+  EXPECT_EQ(WindowsFileDisk::Drive(scratch_.Path()).kind, DriveKind::kFixed);
+  EXPECT_FALSE(HasRecycleBin(WindowsFileDisk::Drive("q:\\nowhere")));
+}
+
 TEST_F(WindowsFileDiskTest, MakesMissingDirectories) {
   MakeDirectories(scratch_ / "a\\b\\c\\");
   EXPECT_TRUE(IsDirectory(scratch_ / "a\\b\\c"));

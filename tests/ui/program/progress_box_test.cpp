@@ -48,7 +48,7 @@ TEST_F(ProgressBoxTest, ShowsWhatIsDoneAndKeepsTheFrameDisabled) {
     EXPECT_FALSE(IsFrameEnabled());
     EXPECT_EQ(box.ItemText(IDC_PROGRESS_TEXT), "COMPARING FILES");
     box.SetWork("c:\\src\\a.c");
-    box.SetCounts("3 files");
+    box.SetCounts([] { return std::string("3 files"); });
     box.SetDone(100);
     auto position = [&] { return ::SendMessageW(box.Item(IDC_PROGRESS_BAR), PBM_GETPOS, 0, 0); };
     EXPECT_TRUE(PollUntil(box, [&] { return position() == 500; }));
