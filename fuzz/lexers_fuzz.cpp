@@ -30,9 +30,10 @@ void ExpectCovers(const StyleRuns& runs, std::string_view line) {
   for (const StyleRun& run : runs) {
     auto to = static_cast<std::size_t>(run.end);
     Expect(to > from && to <= line.size());
-    // Behind an ASCII byte a continuation is no part of a character.
-    Expect(to == line.size() || !IsContinuation(line[to]) || static_cast<signed char>(line[to - 1]) >= 0 ||
-           to > kLexedOfLine - 4);
+    // Behind an ASCII byte, or the mark at the start, a continuation is no part of a character.
+    bool isWithin =
+        to < line.size() && IsContinuation(line[to]) && static_cast<signed char>(line[to - 1]) < 0;
+    Expect(!isWithin || to == ByteOrderMarkSize(line) || to > kLexedOfLine - 4);
     from = to;
   }
   Expect(from == line.size());
