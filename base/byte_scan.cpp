@@ -41,9 +41,19 @@ std::size_t FindForward(std::string_view text, Hits hits, Wanted wanted) {
     unsigned low = hits(Load(p + i)), high = hits(Load(p + i + kBlock));
     if (low | high) return low ? i + Lowest(low) : i + kBlock + Lowest(high);
   }
-  for (; i < n; ++i)
-    if (wanted(p[i])) return i;
-  return n;
+  if (n < kBlock) {
+    for (; i < n; ++i)
+      if (wanted(p[i])) return i;
+    return n;
+  }
+  if (i + kBlock <= n) {
+    if (unsigned found = hits(Load(p + i))) return i + Lowest(found);
+    i += kBlock;
+  }
+  // The rest lies in a last block that overlaps the one before, which had no hit.
+  if (i == n) return n;
+  unsigned found = hits(Load(p + n - kBlock));
+  return found ? n - kBlock + Lowest(found) : n;
 }
 
 #else

@@ -15,6 +15,7 @@ LEAST = {
     "ini_text_fuzz": ("base/ini_text.cpp", 60),
     "journal_fuzz": ("edit/recovery/journal_reader.cpp", 80),
     "key_bindings_fuzz": ("ui/commands/key_bindings.cpp", 45),
+    "lexers_fuzz": ("edit/lexers/", 45),
     "line_file_fuzz": ("viewer/records/line_file.cpp", 70),
     "regex_fuzz": ("search/pattern/", 50),
     "text_buffer_fuzz": ("edit/text/text_buffer.cpp", 50),

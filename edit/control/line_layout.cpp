@@ -166,7 +166,7 @@ std::vector<LinePiece> LineLayout::Pieces(Pixels left, Pixels right, const std::
     bool isCut = cut != cuts.end() && *cut == spot.at;
     bool isFull = !pieces.empty() && pieces.back().text.size() >= kLongestPiece;
     if (pieces.empty() || isCut || isTab || isFull || ((isAlone || isBackwards) && !IsCombining(code)))
-      pieces.push_back({{spot.at, spot.at}, spot.x, 0, {}, {}});
+      pieces.push_back({{spot.at, spot.at}, spot.x, 0, {}, {}, {}});
     isAlone = isTab || isBackwards;
     LinePiece& piece = pieces.back();
     piece.range.end = spot.at + spot.character.length;

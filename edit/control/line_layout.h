@@ -6,6 +6,7 @@
 #pragma once
 
 #include "base/text_view.h"
+#include "edit/lexers/style.h"
 #include "edit/text/charset.h"
 
 #include <cstdint>
@@ -44,13 +45,14 @@ struct TabStops {
 
 // A stretch of a line to be drawn in one call: its characters and how far each unit moves the next one on; a
 // tab has none. Where marks stand upon a letter, the last unit that is drawn in its place has the letter's
-// width.
+// width. The style is for whoever draws to set.
 struct LinePiece {
   TextRange range;
   Pixels x = 0;
   Pixels width = 0;
   std::u16string text;
   std::vector<int> advances;
+  Style style = Style::kText;
 };
 
 // Places on the way through a very long line, so that not every question walks from its start: text in one

@@ -102,7 +102,7 @@ void TextControl::Adopt(TextBuffer&& text) {
   counts_.Clear();
   SetModified(false);
   column_.reset();
-  Invalidate();
+  RestartColours();
   UpdateScrollBars();
   PlaceCaret();
 }
@@ -155,6 +155,7 @@ bool TextControl::Change(TextRange range, Action action) {
   {
     HiddenCaret hidden(hasFocus_ ? Handle() : nullptr);
     Select(select);
+    SettleView();
     if (isOneLine) PaintNow(line);
   }
   Notify(EN_CHANGE);
@@ -210,6 +211,7 @@ void TextControl::Append(std::string_view text) {
   if (charset_.IsUtf8()) charset_ = Charset::Of(TextView(text));
   checkpoints_.Truncate(end);
   InvalidateFrom(last);
+  WantIdleTime();
   if (follows)
     Select(buffer_.End(), buffer_.End());
   else
@@ -296,6 +298,7 @@ LRESULT TextControl::OnSetFont(WPARAM font, LPARAM redraw) {
 
 void TextControl::SetFont(HFONT font) {
   font_ = std::make_unique<FontWidths>(font);
+  colouring_.SetFont(*font_);
   UpdateTabs();
   if (hasFocus_) MakeCaret();
 }

@@ -11,8 +11,10 @@
 // undo.
 #pragma once
 
+#include "edit/control/drawn_row.h"
 #include "edit/control/font_widths.h"
 #include "edit/control/line_layout.h"
+#include "edit/control/text_colouring.h"
 #include "edit/text/charset.h"
 #include "edit/text/text_buffer.h"
 #include "framework/wheel.h"
@@ -20,7 +22,9 @@
 
 #include <memory>
 #include <optional>
+#include <span>
 #include <string_view>
+#include <vector>
 
 namespace tarrow {
 
@@ -145,6 +149,12 @@ class TextControl final : public CWnd {
   bool Paste();
   bool Clear();
 
+  // What tells the parts of the text (null: nothing), and how they are to look (nothing: all the same). The
+  // lexer outlives the control, or is taken back.
+  void SetLexer(const Lexer* lexer);
+  void SetStyles(const std::optional<StyleChoices>& choices);
+  const LineStates& States() const { return colouring_.States(); }
+
   // A tab stop every so many columns.
   void SetTabColumns(int columns);
   void SetFont(HFONT font);
@@ -268,9 +278,14 @@ class TextControl final : public CWnd {
   // Painting (text_control_paint.cpp)
   void OnPaint();
   bool OnEraseBackground(HDC) { return true; }
-  void OnSysColorChange() { Invalidate(); }
+  void OnSysColorChange() { RestartColours(); }
   void PaintNow(LineNo line);
   void PaintLine(HDC dc, LineNo line, const RECT& row);
+  std::vector<LinePiece> PiecesOf(LineNo line, const RECT& row);
+  void DrawPieces(HDC dc, std::span<const LinePiece> pieces, const RECT& row);
+  void FillBehind(HDC dc, LineNo line, std::span<const LinePiece> pieces, const RECT& row);
+  RowChange MoveWhatIsThere(HDC dc, std::span<const LinePiece> pieces, const RECT& row) const;
+  TextRange ShownSelection() const { return ShowsSelection() ? Selection() : TextRange{}; }
   void InvalidateLines(LineNo first, LineNo last) const;
   void InvalidateFrom(LineNo first) const;
   void InvalidateSelectionChange(TextRange before, TextRange after) const;
@@ -278,12 +293,25 @@ class TextControl final : public CWnd {
   LineLayout LayoutOf(const TextView& view, LineNo line) const;
   Pixels XOf(BytePos at) const;
 
+  // Colours (text_control_colours.cpp)
+  static constexpr UINT_PTR kDragTimer = 1, kSettleTimer = 2;
+  void RestartColours();
+  LineRange LinesOfView() const;
+  void InvalidateStyles(LineRange lines) const;
+  void SettleView();
+  void WantIdleTime();
+  void OnIdleTime();
+
   TextControlHooks* hooks_ = nullptr;
   TextBuffer buffer_;
   Charset charset_;
   BytePos anchor_, caret_;
   int undoLevels_ = 1;
   std::optional<Pixels> column_;  // where the caret wants to be in the lines it passes
+
+  TextColouring colouring_;
+  bool settles_ = false;  // the timer runs
+  DrawnRow drawn_;        // by the last key
 
   std::unique_ptr<FontWidths> font_;
   std::vector<int> tabUnits_;  // dialog units; empty: every eight columns

@@ -8,7 +8,6 @@
 namespace tarrow {
 namespace {
 
-constexpr UINT_PTR kDragTimer = 1;
 constexpr UINT kDragPeriod = 50;  // milliseconds between two steps of scrolling beyond the edge
 
 }  // namespace
@@ -47,6 +46,7 @@ void TextControl::OnMouseMove(UINT, POINT at) {
 }
 
 void TextControl::OnTimer(UINT_PTR id) {
+  if (id == kSettleTimer) return OnIdleTime();
   if (id != kDragTimer || !drag_) return;
   POINT at{};
   ::GetCursorPos(&at);

@@ -19,6 +19,17 @@ void UseColours(HDC dc, bool selected) {
   ::SetBkColor(dc, ::GetSysColor(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
 }
 
+// Where pieces of a line end: at the ends of the selection, and where one style follows another. A cut
+// changes how glyphs run into one another, so a caret alone makes none.
+std::vector<BytePos> CutsOf(TextRange selection, BytePos lineStart, const StyleRuns* runs) {
+  std::vector<BytePos> cuts;
+  if (runs)
+    for (const StyleRun& run : *runs) cuts.push_back(lineStart + run.end);
+  if (selection.Empty()) return cuts;
+  for (BytePos end : {selection.start, selection.end}) cuts.insert(std::ranges::lower_bound(cuts, end), end);
+  return cuts;
+}
+
 }  // namespace
 
 LineLayout TextControl::LayoutOf(const TextView& view, LineNo line) const {
@@ -51,6 +62,8 @@ bool TextControl::ShowsSelection() const {
 }
 
 void TextControl::OnPaint() {
+  SettleView();
+  drawn_.pieces.clear();
   PaintDc dc(Handle());
   SelectedObject font(dc, font_->Font());
   RECT client = ClientRect();
@@ -67,6 +80,13 @@ void TextControl::OnPaint() {
   if (widest_ != widest) UpdateScrollBars();
 }
 
+void TextControl::PaintLine(HDC dc, LineNo line, const RECT& row) {
+  std::vector<LinePiece> pieces = PiecesOf(line, row);
+  DrawPieces(dc, pieces, row);
+  FillBehind(dc, line, pieces, row);
+}
+
+// After a key: of what the row shows already nothing is drawn again.
 void TextControl::PaintNow(LineNo line) {
   RECT client = ClientRect();
   Pixels y = (Pixels{line.value} - top_.value) * font_->LineHeight();
@@ -74,39 +94,88 @@ void TextControl::PaintNow(LineNo line) {
   ClientDc dc(Handle());
   SelectedObject font(dc, font_->Font());
   auto top = static_cast<LONG>(y);
-  PaintLine(dc, line, {client.left, top, client.right, top + font_->LineHeight()});
+  RECT row{client.left, top, client.right, top + font_->LineHeight()};
+  std::vector<LinePiece> pieces = PiecesOf(line, row);
+  RowChange change = MoveWhatIsThere(dc, pieces, row);
+  DrawPieces(dc, std::span(pieces).subspan(change.same, pieces.size() - change.same - change.moved), row);
+  FillBehind(dc, line, pieces, row);
+  if (ShownSelection().Empty())
+    drawn_ = {y, left_, std::move(pieces)};
+  else
+    drawn_.pieces.clear();
 }
 
-void TextControl::PaintLine(HDC dc, LineNo line, const RECT& row) {
+// The pieces of a line that are in view, each with its style.
+std::vector<LinePiece> TextControl::PiecesOf(LineNo line, const RECT& row) {
   TextView view = View();
-  LineLayout layout = LayoutOf(view, line);
-  TextRange range = buffer_.LineRange(line), selection = ShowsSelection() ? Selection() : TextRange{};
-  auto isSelected = [&](BytePos at) { return selection.start <= at && at < selection.end; };
-  RECT cell = row;
-  cell.right = cell.left;
+  BytePos start = buffer_.LineStart(line);
   // A character beyond either edge may reach over it by a pixel.
   Pixels more = font_->AverageWidth();
-  // A cut changes how glyphs run into one another, so a caret alone makes none.
-  std::vector<BytePos> cuts;
-  if (!selection.Empty()) cuts = {selection.start, selection.end};
-  auto pieces = layout.Pieces(left_ - more, left_ + row.right + more, cuts);
+  const StyleRuns* runs = colouring_.IsOn() ? &colouring_.States().RunsOf(buffer_, line) : nullptr;
+  std::vector<BytePos> cuts = CutsOf(ShownSelection(), start, runs);
+  std::vector<LinePiece> pieces = LayoutOf(view, line).Pieces(left_ - more, left_ + row.right + more, cuts);
+  if (!runs) return pieces;
+  const StyleRun* run = runs->begin();
+  for (LinePiece& piece : pieces) {
+    while (run->end <= piece.range.start - start) ++run;
+    piece.style = run->style;
+  }
+  return pieces;
+}
+
+void TextControl::DrawPieces(HDC dc, std::span<const LinePiece> pieces, const RECT& row) {
+  TextRange selection = ShownSelection();
   for (const LinePiece& piece : pieces) {
-    cell.left = static_cast<LONG>(piece.x - left_);
-    cell.right = static_cast<LONG>(piece.x + piece.width - left_);
-    UseColours(dc, isSelected(piece.range.start));
+    RECT cell{static_cast<LONG>(piece.x - left_), row.top, static_cast<LONG>(piece.x + piece.width - left_),
+              row.bottom};
+    bool isSelected = selection.start <= piece.range.start && piece.range.start < selection.end;
+    UseColours(dc, isSelected);
+    if (colouring_.IsOn()) colouring_.Select(dc, piece.style, isSelected);
     ::ExtTextOutW(dc, cell.left, cell.top, ETO_OPAQUE | ETO_CLIPPED, &cell,
                   reinterpret_cast<const wchar_t*>(piece.text.data()), static_cast<UINT>(piece.text.size()),
                   piece.advances.data());
   }
-  if (!pieces.empty()) widest_ = std::max(widest_, cell.right + left_);
-  // A selected line end shows as a cell of its own.
+}
+
+// A selected line end shows as a cell of its own.
+void TextControl::FillBehind(HDC dc, LineNo line, std::span<const LinePiece> pieces, const RECT& row) {
+  TextRange selection = ShownSelection();
+  BytePos lineEnd = buffer_.LineRange(line).end;
+  LONG behind = row.left;
+  if (!pieces.empty()) {
+    Pixels right = pieces.back().x + pieces.back().width;
+    behind = static_cast<LONG>(right - left_);
+    widest_ = std::max(widest_, right);
+  }
   bool endIsInView = !pieces.empty() || left_ == 0;
-  bool endIsSelected = endIsInView && range.end < buffer_.End() && isSelected(range.end);
-  RECT end{cell.right, row.top, cell.right + (endIsSelected ? font_->AverageWidth() : 0), row.bottom};
+  bool isSelected = selection.start <= lineEnd && lineEnd < selection.end;
+  bool endIsSelected = endIsInView && lineEnd < buffer_.End() && isSelected;
+  RECT end{behind, row.top, behind + (endIsSelected ? font_->AverageWidth() : 0), row.bottom};
   UseColours(dc, true);
   Fill(dc, end);
   UseColours(dc, false);
   Fill(dc, {end.right, row.top, row.right, row.bottom});
+}
+
+// Moves what the row shows of `pieces` to where they are to be; what it returns need not be drawn. Nothing is
+// moved that is covered by another window, or waits to be drawn.
+RowChange TextControl::MoveWhatIsThere(HDC dc, std::span<const LinePiece> pieces, const RECT& row) const {
+  if (drawn_.y != row.top || drawn_.left != left_ || !ShownSelection().Empty()) return {};
+  RowChange change = CompareRows(drawn_.pieces, pieces, left_, left_ + row.right);
+  if (change.moved == 0 || change.by == 0) return change;
+  RECT seen{};
+  bool isWhole = ::GetClipBox(dc, &seen) == SIMPLEREGION && seen.left <= row.left && seen.top <= row.top &&
+                 row.right <= seen.right && row.bottom <= seen.bottom;
+  if (!isWhole || ::GetUpdateRect(Handle(), nullptr, FALSE)) {
+    change.moved = 0;
+    return change;
+  }
+  const LinePiece& first = pieces[pieces.size() - change.moved];
+  auto to = static_cast<int>(first.x - left_),
+       width = static_cast<int>(pieces.back().x + pieces.back().width - first.x);
+  ::BitBlt(dc, to, row.top, width, row.bottom - row.top, dc, to - static_cast<int>(change.by), row.top,
+           SRCCOPY);
+  return change;
 }
 
 void TextControl::InvalidateLines(LineNo first, LineNo last) const {

@@ -49,6 +49,7 @@ void TextControl::ScrollTo(LineNo top, Pixels left) {
   if (down == 0 && across == 0) return;
   top_ = top;
   left_ = left;
+  drawn_.pieces.clear();
   RECT client = ClientRect();
   if (std::abs(down) < client.bottom && std::abs(across) < client.right)
     ::ScrollWindowEx(Handle(), static_cast<int>(across), static_cast<int>(down), nullptr, nullptr, nullptr,

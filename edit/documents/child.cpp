@@ -63,6 +63,7 @@ void CTwChild::SetUntitled(std::string title) {
 
 void CTwChild::ShowNewTitle() {
   if (!Exists()) return;
+  OnPathChanged();
   ShowTitle(::IsIconic(Handle()));
   program_.events.ChildRetitled(*this);
 }

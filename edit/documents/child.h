@@ -65,6 +65,9 @@ class CTwChild : public CMDIChildWnd {
   // The window whose scroll bars the Show commands switch.
   virtual HWND ScrollBarOwner() const { return Handle(); }
   virtual void OnFontChanged() {}
+
+  // The document has got another name, or none.
+  virtual void OnPathChanged() {}
   virtual void ShowHorizontalScroll(bool show);
   virtual void ShowVerticalScroll(bool show);
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "edit/documents/documents.h"
+#include "edit/lexers/palette.h"
 #include "framework/mdi.h"
 #include "ui/program/help.h"
 #include "ui/program/messages.h"
@@ -11,6 +12,8 @@
 #include "ui/settings/global_settings.h"
 
 #include <windows.h>
+
+#include <optional>
 
 namespace tarrow {
 
@@ -42,7 +45,8 @@ struct DocumentServices {
   Help& help;
   const ProjectOptions& options;
   GlobalSettings& settings;
-  const LOGFONTW& screenFont;  // what new windows get
+  const LOGFONTW& screenFont;                 // what new windows get
+  const std::optional<StyleChoices>& styles;  // how the parts of their texts look
 };
 
 }  // namespace tarrow

@@ -1,6 +1,7 @@
 #include "edit/documents/file_edit.h"
 
 #include "edit/documents/buffer_lines.h"
+#include "edit/lexers/lexers.h"
 #include "framework/text_resources.h"
 #include "resources/resource.h"
 #include "ui/commands/commands.h"
@@ -29,6 +30,7 @@ constinit const MessageMap CTwFileEdit::kMessageMap =
     MessageMap::Make<&CTwChild::kMessageMap, On<WM_CREATE, &CTwFileEdit::OnCreate>,
                      On<WM_SETFOCUS, &CTwFileEdit::OnSetFocus>, On<WM_SIZE, &CTwFileEdit::OnSize>,
                      On<WM_LBUTTONDOWN, &CTwFileEdit::OnLButtonDown>,
+                     On<WM_SYSCOLORCHANGE, &CTwFileEdit::OnSysColorChange>,
                      On<WM_LBUTTONDBLCLK, &CTwFileEdit::OnLButtonDblClk>,
                      OnNotify<CTwFileEdit::kControlId, EN_CHANGE, &CTwFileEdit::OnChange>,
                      OnNotify<CTwFileEdit::kControlId, EN_ERRSPACE, &CTwFileEdit::OnErrSpace>,
@@ -70,7 +72,13 @@ bool CTwFileEdit::OnCreate(const CREATESTRUCTW& create) {
   control_.SetReadOnly(Has(kReadOnly));
   control_.SetUndoLevels(Program().settings.undoLevels);
   OnFontChanged();
+  control_.SetStyles(Program().styles);
+  OnPathChanged();
   return CTwChild::OnCreate(create);
+}
+
+const Lexer* CTwFileEdit::TextLexer() const {
+  return Has(kUntitled) ? nullptr : LexerFor(Path());
 }
 
 void CTwFileEdit::OnFontChanged() {

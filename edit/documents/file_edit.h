@@ -85,6 +85,10 @@ class CTwFileEdit : public CTwChild, public Printable, protected EditingOwner {
 
   HWND ScrollBarOwner() const override { return control_.Handle(); }
   void OnFontChanged() override;
+  void OnPathChanged() override { control_.SetLexer(TextLexer()); }
+
+  // What tells the parts of the text: what the name of the file asks for. Null: nothing.
+  virtual const Lexer* TextLexer() const;
   void ShowHorizontalScroll(bool show) override;
 
  private:
@@ -101,6 +105,7 @@ class CTwFileEdit : public CTwChild, public Printable, protected EditingOwner {
   bool OnCreate(const CREATESTRUCTW& create);
   void OnSetFocus(HWND from);
   void OnSize(UINT kind, int width, int height);
+  void OnSysColorChange() { control_.Send(WM_SYSCOLORCHANGE); }
   void OnLButtonDown(UINT keys, POINT client);
   void OnLButtonDblClk(UINT keys, POINT client);
   void OnChange();

@@ -45,6 +45,16 @@ CTwLog* CTwLog::New(const DocumentServices& program, std::string title, PlaceFin
   return window->CreateEdit(kLogClass) ? window : nullptr;
 }
 
+void CTwLog::ReadBy(const Lexer& lexer) {
+  lexer_ = &lexer;
+  OnPathChanged();
+}
+
+void CTwLog::ReadBy(std::unique_ptr<const Lexer> lexer) {
+  ReadBy(*lexer);
+  ownLexer_ = std::move(lexer);
+}
+
 void CTwLog::Output::Write(std::string_view bytes) {
   std::size_t before = held_.size();
   held_.append(bytes);

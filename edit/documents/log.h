@@ -15,6 +15,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -26,6 +27,10 @@ class CTwLog final : public CTwFileEdit {
   // A new window in front; without a finder it is not navigable. Null when it could not be made, of which the
   // user has been told.
   static CTwLog* New(const DocumentServices& program, std::string title, PlaceFinder finder);
+
+  // Tells the parts of the results by this lexer, which outlives the window or is given to it.
+  void ReadBy(const Lexer& lexer);
+  void ReadBy(std::unique_ptr<const Lexer> lexer);
 
   // Takes text for the end of the window, batched; call Finish() behind the last of it. Where memory ends it
   // throws CMemoryException, and the text stays as it was.
@@ -63,6 +68,7 @@ class CTwLog final : public CTwFileEdit {
 
   CTwLog(const DocumentServices& program, PlaceFinder finder);
 
+  const Lexer* TextLexer() const override { return lexer_; }
   bool OnTextDoubleClick(BytePos at) override;
   void OnChange() {}
   void OnRefused() { Alert(MB_ICONEXCLAMATION); }
@@ -76,6 +82,8 @@ class CTwLog final : public CTwFileEdit {
   std::string Line(std::int64_t line) const;
 
   PlaceFinder finder_;
+  std::unique_ptr<const Lexer> ownLexer_;
+  const Lexer* lexer_ = nullptr;
   Output output_{Control()};
   std::optional<SourcePlace> wanted_;  // being opened
 };

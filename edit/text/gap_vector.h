@@ -43,6 +43,7 @@ class GapVector {
   std::span<const T> Head() const { return {Data(), head_}; }
   std::span<const T> Tail() const { return {Data() + tail_, capacity_ - tail_}; }
   T operator[](std::size_t i) const { return Data()[i < head_ ? i : i + GapSize()]; }
+  void Set(std::size_t i, T element) { Data()[i < head_ ? i : i + GapSize()] = element; }
 
   // The elements behind the gap, to be changed in place.
   std::span<T> MutableTail() { return {Data() + tail_, capacity_ - tail_}; }

@@ -62,15 +62,19 @@ void LineIndex::MoveGap(std::size_t to) noexcept {
   }
 }
 
-void LineIndex::Replace(TextRange range, int before, std::string_view text, int after) noexcept {
+LineChange LineIndex::Replace(TextRange range, int before, std::string_view text, int after) noexcept {
   // The lines that `range` begins: behind its first byte at the earliest, behind the LF that follows it at
   // the latest.
   std::size_t first = FirstBehind(range.start), last = FirstBehind(range.end + 1);
+  LineChange change{LineNo(static_cast<std::int64_t>(first)), 0, static_cast<std::int64_t>(last - first)};
+  change.offset = range.start - Start(change.line);
   MoveGap(first);
   starts_.RemoveAfterGap(last - first);
   size_ += static_cast<std::int32_t>(text.size()) - range.Length();
   ForEachStart(before, text, after,
                [&](std::size_t offset) { starts_.Append(range.start + static_cast<std::int64_t>(offset)); });
+  change.added = static_cast<std::int64_t>(starts_.GapAt() - first);
+  return change;
 }
 
 std::size_t LineIndex::CountStarts(int before, std::string_view text, int after) {

@@ -8,6 +8,7 @@
 
 #include "base/units.h"
 #include "edit/text/gap_vector.h"
+#include "edit/text/line_listener.h"
 
 #include <span>
 #include <string_view>
@@ -29,8 +30,9 @@ class LineIndex {
   void EnsureRoom(std::size_t count) { starts_.EnsureGap(count); }
 
   // `range` of the text is replaced by `text`, which stands between the bytes `before` and `after` (-1:
-  // none). EnsureRoom(CountStarts(before, text, after)) must have been called.
-  void Replace(TextRange range, int before, std::string_view text, int after) noexcept;
+  // none). EnsureRoom(CountStarts(before, text, after)) must have been called. Returns what becomes of the
+  // lines.
+  LineChange Replace(TextRange range, int before, std::string_view text, int after) noexcept;
 
   // How many lines begin within or right behind `text`.
   static std::size_t CountStarts(int before, std::string_view text, int after);

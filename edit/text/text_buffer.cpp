@@ -65,11 +65,12 @@ void TextBuffer::MakeRoom(TextRange range, std::string_view text) {
 void TextBuffer::ReplaceBytes(TextRange range, std::string_view text) noexcept {
   ++changes_;
   TextView view = View();
-  lines_.Replace(range, view.At(range.start - 1), text, view.At(range.end));
+  LineChange lines = lines_.Replace(range, view.At(range.start - 1), text, view.At(range.end));
   bytes_.MoveGap(static_cast<std::size_t>(range.start.value));
   bytes_.RemoveAfterGap(static_cast<std::size_t>(range.Length()));
   bytes_.Append(text);
   observer_.Replaced(range, text);
+  if (listener_) listener_->OnLinesChanged(lines);
 }
 
 void TextBuffer::Replace(TextRange range, std::string_view text, EditKind kind) {

@@ -87,6 +87,9 @@ class TextBuffer {
   void FinishLoad(std::int64_t size);
   void FinishLoad(std::int64_t size, std::size_t lineStarts);
 
+  // Who is told of every change of the lines from now on; null: nobody. A text that is moved loses him.
+  void SetListener(LineListener* listener) { listener_ = listener; }
+
   // How often the text has been changed: as long as this stays, so does the text.
   std::uint64_t Changes() const { return changes_; }
 
@@ -109,6 +112,7 @@ class TextBuffer {
   LineIndex lines_;
   Undo undo_;
   std::uint64_t changes_ = 0;
+  LineListener* listener_ = nullptr;
   ObserverLink observer_;  // the last, so that another text has arrived when it is told
 };
 

@@ -4,6 +4,7 @@
 #include "base/text_format.h"
 #include "base/utf16.h"
 #include "edit/documents/log.h"
+#include "edit/lexers/lexers.h"
 #include "framework/directories.h"
 #include "framework/file.h"
 #include "framework/file_system.h"
@@ -146,6 +147,7 @@ void CommandRunner::ShowOutput() {
   std::string text = ToolOutputText(ReadWholeFile(output_.Path()), SystemCodePage(), OemCodePage());
   CTwLog* log = program_.documents.NewResultWindow(LoadText(kTextLogTitle), PlacesIn(directory_));
   if (!log) return;
+  log->ReadBy(BuildLogLexer());
   log->Control().Adopt(BufferOf(text));
   log->Finish();
   output_.Remove();

@@ -1,122 +1,31 @@
 #include "project/help/keywords.h"
 
+#include "edit/lexers/c_words.h"
+
 #include <algorithm>
+#include <array>
 
 namespace tarrow {
 namespace {
 
-constexpr std::string_view kKeywords[] = {
-    "#define",
-    "#elif",
-    "#else",
-    "#endif",
-    "#if",
-    "#ifdef",
-    "#ifndef",
-    "#include",
-    "#pragma",
-    "#undef",
-    "MSDOS",
-    "M_I286",
-    "M_I386",
-    "M_I8086",
-    "M_I86",
-    "M_I86mM",
-    "_CHAR_UNSIGNED",
-    "_DLL",
-    "_FAST",
-    "_MSC_VER",
-    "_MSDOS",
-    "_M_I286",
-    "_M_I386",
-    "_M_I8086",
-    "_M_I86",
-    "_M_I86mM",
-    "_PCODE",
-    "_QC",
-    "_WINDLL",
-    "_WINDOWS",
-    "__DATE__",
-    "__FILE__",
-    "__LINE__",
-    "__STDC__",
-    "__TIMESTAMP__",
-    "__TIME__",
-    "__asm",
-    "__based",
-    "__cdecl",
-    "__cplusplus",
-    "__emit",
-    "__export",
-    "__far",
-    "__fastcall",
-    "__fortran",
-    "__huge",
-    "__inline",
-    "__interrupt",
-    "__loadds",
-    "__near",
-    "__pascal",
-    "__saveregs",
-    "__segment",
-    "__segname",
-    "__self",
-    "__stdcall",
-    "__syscall",
-    "_set_new_handler",
-    "_setargv",
-    "_setenvp",
-    "argc",
-    "argv",
-    "auto",
-    "break",
-    "case",
-    "char",
-    "class",
-    "const",
-    "continue",
-    "default",
-    "delete",
-    "do",
-    "double",
-    "else",
-    "enum",
-    "envp",
-    "extern",
-    "float",
-    "for",
-    "friend",
-    "goto",
-    "if",
-    "inline",
-    "int",
-    "long",
-    "main",
-    "new",
-    "operator",
-    "private",
-    "protected",
-    "public",
-    "register",
-    "return",
-    "short",
-    "signed",
-    "sizeof",
-    "static",
-    "struct",
-    "switch",
-    "this",
-    "typedef",
-    "union",
-    "unsigned",
-    "virtual",
-    "void",
-    "volatile",
-    "while",
+constexpr std::string_view kDirectives[] = {
+    "#define", "#elif", "#else", "#endif", "#if", "#ifdef", "#ifndef", "#include", "#pragma", "#undef",
 };
 
-static_assert(std::ranges::is_sorted(kKeywords));
-static_assert(std::size(kKeywords) == 107);
+constexpr auto MakeKeywords() {
+  std::array<std::string_view, 107> words;
+  auto end = words.begin();
+  auto add = [&](std::span<const std::string_view> list) { end = std::ranges::copy(list, end).out; };
+  add(kDirectives);
+  add(kPredefinedNames);
+  add(kCompilerKeywords);
+  add(kClassicKeywords);
+  std::ranges::sort(words);
+  return words;
+}
+constexpr auto kKeywords = MakeKeywords();
+
+static_assert(!kKeywords.front().empty());  // the lists fill the table
 
 }  // namespace
 

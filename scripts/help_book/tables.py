@@ -105,6 +105,11 @@ class Sources:
         return [(name, int(code, 16)) for code, name in rows if int(code, 16)]
 
     @functools.cached_property
+    def styles(self):
+        """The keys of the styles of a text."""
+        return [key for key, in self.rows("palette.cpp", r'\{Style::k\w+, "(\w+)",', "styles")]
+
+    @functools.cached_property
     def strings(self):
         """The texts of the program by their numbers."""
         rows = self.rows("strings.inc",

@@ -14,7 +14,7 @@ PROGRAM = GROUND + SHARED_ROOMS + ROOMS + TOP
 # The floors within a folder, from the ground up; what stands on one floor side by side does not know one
 # another. What stands in the folder itself is above them all.
 INNER_FLOORS = {
-    "edit": [["text"], ["files", "commands", "control"], ["recovery"], ["documents"]],
+    "edit": [["text"], ["lexers"], ["files", "commands", "control"], ["recovery"], ["documents"]],
     "ui": [["commands"], ["program"], ["settings", "bars", "selector"]],
     "search": [["pattern"], ["find", "files"]],
     "tools": [["file_lists"], ["comparison", "extraction", "file_manager"]],

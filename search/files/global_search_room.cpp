@@ -8,6 +8,7 @@
 #include "framework/file_system.h"
 #include "framework/text_resources.h"
 #include "resources/resource.h"
+#include "search/files/match_lexer.h"
 #include "search/pattern/find_pattern.h"
 #include "search/pattern/regex_compiler.h"
 #include "ui/commands/commands.h"
@@ -17,6 +18,13 @@
 #include <utility>
 
 namespace tarrow {
+namespace {
+
+FindOptions OptionsOf(const SearchRequest& request) {
+  return {request.matchCase, request.wholeWord};
+}
+
+}  // namespace
 
 constinit const MessageMap GlobalSearchRoom::kMessageMap =
     MessageMap::Make<nullptr, OnCommand<kSearchGrep, &GlobalSearchRoom::OnOpen>,
@@ -60,7 +68,7 @@ void GlobalSearchRoom::Search(const SearchRequest& request) {
 }
 
 bool GlobalSearchRoom::Compile(const SearchRequest& request, LinePattern& pattern) {
-  PatternError error = pattern.Compile(request.text, {request.matchCase, request.wholeWord});
+  PatternError error = pattern.Compile(request.text, OptionsOf(request));
   if (error == PatternError::kNone) return true;
   if (error == PatternError::kOutOfMemory)
     program_.messages.ReportOutOfMemory();
@@ -83,6 +91,7 @@ void GlobalSearchRoom::RunSearch(const SearchRequest& request, LinePattern& patt
     ResultRun run(program_, FormatTextResource(kTextGrepTitle, {request.text}), ListedPlaces(),
                   FormatTextResource(kTextSearching, {request.text}));
     if (!run.Window()) return;
+    run.Window()->ReadBy(std::make_unique<MatchLexer>(request.text, OptionsOf(request)));
     isDone = run.Run([&] {
       run.SetWork(request.directory);
       std::vector<std::string> files = listFiles_(NamesToSearch(request), run.GetProgress());

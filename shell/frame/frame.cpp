@@ -73,6 +73,10 @@ void CTwFrame::OnActivateApp(bool active) {
 
 void CTwFrame::OnSysColorChange() {
   bars_.OnSysColorChange();
+  ForEachChild([](CMDIChildWnd& child) {
+    child.Send(WM_SYSCOLORCHANGE);
+    return true;
+  });
   if (const Ctl3dBinding* ctl3d = Ctl3dBinding::Current()) ctl3d->ColorChange();
 }
 

@@ -3,7 +3,6 @@
 #include "base/exceptions.h"
 #include "base/path_text.h"
 #include "base/text_format.h"
-#include "ui/program/string_ids.h"
 #include "ui/program/string_table.h"
 #include "ui/settings/font_value.h"
 
@@ -80,6 +79,16 @@ void WriteGlobalValues(CProfileStore& store, const GlobalSettings& settings) {
   for (const NumberKey& key : kNumberKeys)
     if (key.get && (settings.saveSettings || key.always))
       store.WriteNumber(kSettingsSection, key.key, key.get(settings), key.base);
+}
+
+// What the user wants of the colours; they are on unless he has switched them off.
+std::optional<StyleChoices> ReadStyles(const CProfileStore& store) {
+  std::string value;
+  if (store.ReadString(kSettingsSection, "Colors", value) && value == "0") return {};
+  StyleChoices choices{};
+  for (std::size_t i = 1; i < kStyleCount; ++i)
+    if (store.ReadString(kColoursSection, KeyOf(static_cast<Style>(i)), value)) choices[i] = ParseLook(value);
+  return choices;
 }
 
 void ReadRecent(CProfileStore& store, int section, std::string_view name, RecentList& list) {
@@ -162,6 +171,7 @@ std::optional<CFileException> SaveProject(SettingsFiles& files, CProfileStore& s
 CProfileStore MakeSettingsStore(CProfileStore::AnsiDecoder decode) {
   std::vector<std::string> sections = SplitBarList(FindText(kTextSections));
   for (std::string& name : EnvironmentNames()) sections.push_back(std::move(name));
+  sections.emplace_back("Colors");
   return CProfileStore(std::move(sections), std::move(decode));
 }
 
@@ -177,6 +187,7 @@ void LoadSettings(SettingsFiles& files, CProfileStore& store, bool restoreProjec
       directory.clear();
   }
   ReadGlobalValues(store, settings.global);
+  settings.styles = ReadStyles(store);
   BeginWithGlobalValues(store, settings.global);
   ReadRecent(store, kSessionSection, "File", settings.recentFiles);
   ReadRecent(store, kProjectSection, "Project", settings.recentProjects);

@@ -6,24 +6,29 @@
 // SettingsFiles.
 #pragma once
 
+#include "edit/lexers/palette.h"
 #include "shell/state/profile_store.h"
 #include "shell/state/recent_list.h"
+#include "ui/program/string_ids.h"
 #include "ui/settings/global_settings.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace tarrow {
 
-// The sections of the store by number; those from kFirstOptionSection on belong to the build environments.
+// The sections of the store by number; those from kFirstOptionSection on belong to the build environments,
+// and the last one to the colours.
 enum SettingsSection : int {
   kSettingsSection,
   kSessionSection,
   kProjectSection,
   kKeyBindingsSection,
   kFirstOptionSection,
+  kColoursSection = kFirstOptionSection + kEnvironmentCount,
 };
 
 struct ProjectState {
@@ -37,6 +42,7 @@ struct ProgramSettings {
   RecentList recentFiles;
   RecentList recentProjects;
   ProjectState project;
+  std::optional<StyleChoices> styles = StyleChoices{};  // of the parts of a text; none: all look the same
 };
 
 // The files, as the settings see them. A file that is missing or cannot be read is empty. Writing may throw

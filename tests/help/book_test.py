@@ -94,6 +94,7 @@ def needed_topics():
 def needed_ini_keys():
     keys = INI_KEYS.union(*map(ini_keys_in, program_sources()))
     keys |= {("Settings", key) for key in SOURCES.number_keys}
+    keys |= {("Colors", key) for key in SOURCES.styles}
     return keys | {("Project", SOURCES.strings[number]) for number in range(302, 307)}
 
 
@@ -120,7 +121,8 @@ class HelpBook(unittest.TestCase):
         self.assertEqual(missing(self.page), set())
 
     def test_what_is_missing_is_found(self):
-        for anchor in ("t1", "t60", "c1001", "c8008", "option-HelpEnv", "ini-Settings-TabSize", "ini-Session-File-1"):
+        for anchor in ("t1", "t60", "c1001", "c8008", "option-HelpEnv", "ini-Settings-TabSize", "ini-Session-File-1",
+                       "ini-Colors-Comment"):
             with self.subTest(anchor=anchor):
                 self.assertEqual(missing(self.without(anchor)), {anchor})
 

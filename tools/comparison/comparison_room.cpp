@@ -1,5 +1,7 @@
 #include "tools/comparison/comparison_room.h"
 
+#include "edit/documents/log.h"
+#include "edit/lexers/lexers.h"
 #include "framework/file.h"
 #include "framework/text_resources.h"
 #include "tools/comparison/compare_files.h"
@@ -68,6 +70,7 @@ void ComparisonRoom::Compare() {
   ResultRun run(program_, FormatTextResource(kTextCompareTitle, {files_.first, files_.second}),
                 ComparisonPlaces(files_.first, files_.second), LoadText(kTextComparing));
   if (!run.Window()) return;
+  run.Window()->ReadBy(ComparisonLexer());
   run.Run([&] {
     ComparisonProgress progress(run, first, second);
     CompareFiles(first, second, run.Out(), {}, &progress);

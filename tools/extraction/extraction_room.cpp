@@ -3,6 +3,7 @@
 #include "base/path_text.h"
 #include "edit/documents/listed_place.h"
 #include "edit/documents/log.h"
+#include "edit/lexers/lexers.h"
 #include "framework/file.h"
 #include "framework/file_system.h"
 #include "framework/text_resources.h"
@@ -39,6 +40,7 @@ void ExtractionRoom::Extract(AnchoredPattern& pattern) {
   ResultRun run(program_, FormatTextResource(kTextExtractTitle, {request_.pattern}), ListedPlaces(),
                 FormatTextResource(kTextExtracting, {request_.pattern}));
   if (!run.Window()) return;
+  run.Window()->ReadBy(SearchResultLexer());
   run.Run([&] {
     DiskLookup disk;
     CFileDir list(disk, &run.GetProgress());

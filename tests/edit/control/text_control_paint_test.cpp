@@ -1,4 +1,5 @@
 // What the control draws step by step is what it draws when everything is drawn anew.
+#include "edit/lexers/lexers.h"
 #include "framework/handle.h"
 #include "tests/edit/control/control_host.h"
 
@@ -139,6 +140,8 @@ struct Step {
 };
 constexpr Step kSteps[] = {
     {"typing", [](ControlHost& host, std::mt19937&) { host.Type(u"ab\u00E9"); }},
+    {"typing what changes the line behind it",
+     [](ControlHost& host, std::mt19937&) { host.Type(u"1/* \"a\" */\b\b*/ int\b\b x"); }},
     {"breaking a line", [](ControlHost& host, std::mt19937&) { host.Type(u"\r"); }},
     {"a tab", [](ControlHost& host, std::mt19937&) { host.Type(u"\t"); }},
     {"backspace", [](ControlHost& host, std::mt19937&) { host.Type(u"\b"); }},
@@ -157,11 +160,8 @@ constexpr Step kSteps[] = {
     {"a list", IndentTheFirstLines},
 };
 
-TEST(TextControlPaint, StepByStepIsTheSameAsAnew) {
-  std::mt19937 random(13);
-  PaintedHost host;
-  host.SetText(SampleText());
-  for (int i = 0; i < 120; ++i) {
+void ExpectStepsAreDrawnAsAnew(PaintedHost& host, std::mt19937& random, int steps) {
+  for (int i = 0; i < steps; ++i) {
     const Step& step = kSteps[random() % std::size(kSteps)];
     step.act(host, random);
     Picture drawn = host.Drawn(), anew = host.DrawnAnew();
@@ -170,6 +170,123 @@ TEST(TextControlPaint, StepByStepIsTheSameAsAnew) {
                                              static_cast<std::size_t>(host.control.ClientRect().right))
                                << " differ";
   }
+}
+
+// Some of the styles in the forms that fonts have, too.
+StyleChoices SomeStyles() {
+  StyleChoices choices{};
+  choices[static_cast<std::size_t>(Style::kKeyword)] = Look{{}, true, false};
+  choices[static_cast<std::size_t>(Style::kComment)] = Look{Colour{200, 0, 0}, false, true};
+  return choices;
+}
+
+TEST(TextControlPaint, StepByStepIsTheSameAsAnew) {
+  std::mt19937 random(13);
+  PaintedHost host;
+  host.SetText(SampleText());
+  ExpectStepsAreDrawnAsAnew(host, random, 120);
+}
+
+TEST(TextControlPaint, StepByStepIsTheSameAsAnewInColours) {
+  std::mt19937 random(17);
+  PaintedHost host;
+  host.control.SetStyles(SomeStyles());
+  host.control.SetLexer(&CSourceLexer());
+  std::string text;
+  for (int i = 0; i < 40; ++i)
+    text += "\tint x = 0x1F; \"caf\xC3\xA9\" /* comment\r\n over two lines */ return 'a'; // end\r\n";
+  host.SetText(text);
+  ExpectStepsAreDrawnAsAnew(host, random, 250);
+}
+
+// The row at the top shows another line once the view has moved.
+TEST(TextControlPaint, ARowThatHasMovedIsNotTakenForWhatItWas) {
+  PaintedHost host;
+  std::string text;
+  for (int i = 0; i < 60; ++i) text += "a\r\n";
+  host.SetText(text);
+  host.Drawn();
+  host.control.Select(BytePos(1), BytePos(1));
+  host.Type(u"b");
+  host.control.ScrollBy(0, 1);
+  host.control.Select(BytePos(5), BytePos(5));
+  host.Type(u"b");
+  Picture drawn = host.Drawn();
+  EXPECT_TRUE(drawn == host.DrawnAnew());
+}
+
+// The pixels that are not of the window's colour.
+std::vector<std::uint32_t> Inks(const Picture& picture) {
+  std::vector<std::uint32_t> inks;
+  for (std::uint32_t pixel : picture)
+    if (pixel != picture.back()) inks.push_back(pixel);
+  return inks;
+}
+
+TEST(TextControlPaint, ColoursComeAndGoWithLexerAndStyles) {
+  PaintedHost host;
+  host.SetText("int x; // y");
+  Picture plain = host.Drawn();
+  host.control.SetLexer(&CSourceLexer());
+  EXPECT_EQ(plain, host.Drawn()) << "nobody wants colours";
+  host.control.SetStyles(StyleChoices{});
+  Picture coloured = host.Drawn();
+  EXPECT_NE(plain, coloured);
+  EXPECT_NE(Inks(plain), Inks(coloured));
+  host.control.SetLexer(nullptr);
+  EXPECT_EQ(plain, host.Drawn());
+  host.control.SetLexer(&CSourceLexer());
+  EXPECT_EQ(coloured, host.Drawn());
+  host.control.SetStyles(std::nullopt);
+  EXPECT_EQ(plain, host.Drawn());
+}
+
+TEST(TextControlPaint, ALineOfOneStyleIsDrawnAsWithoutColours) {
+  PaintedHost host;
+  host.SetText("\tplain words only\r\ncaf\xC3\xA9 (a, b) = c;");
+  host.control.Select(BytePos(3), BytePos(9));
+  Picture plain = host.Drawn();
+  host.control.SetStyles(StyleChoices{});
+  host.control.SetLexer(&CSourceLexer());
+  EXPECT_EQ(plain, host.Drawn());
+}
+
+TEST(TextControlPaint, BoldLettersStandWhereThePlainOnesStand) {
+  PaintedHost host;
+  host.SetText("int x");
+  StyleChoices choices{};
+  choices[static_cast<std::size_t>(Style::kKeyword)] = Look{{}, true, false};
+  host.control.SetLexer(&CSourceLexer());
+  LONG before = host.control.PointOf(BytePos(4)).x;
+  host.control.SetStyles(choices);
+  EXPECT_EQ(before, host.control.PointOf(BytePos(4)).x);
+}
+
+// A comment that is opened above the view, and closed again.
+TEST(TextControlPaint, WhatIsLearntInIdleTimeIsDrawn) {
+  PaintedHost host;
+  host.control.SetStyles(StyleChoices{});
+  host.control.SetLexer(&CSourceLexer());
+  std::string lines;
+  for (int i = 0; i < 3000; ++i) lines += "int a;\r\n";
+  auto endOf = [&](const std::string& text) {
+    TextBuffer buffer;
+    buffer.Replace({}, text, EditKind::kForgotten);
+    host.control.Adopt(std::move(buffer));
+    host.control.ScrollBy(0, 2900);
+    return host.Drawn();
+  };
+  Picture code = endOf(lines);
+  Picture guessed = endOf("/*" + lines);
+  EXPECT_EQ(code, guessed) << "nothing is known of the beginning yet";
+  EXPECT_TRUE(PumpUntil([&] { return host.control.States().IsSettled(); }));
+  Picture comment = host.Drawn();
+  EXPECT_NE(code, comment);
+  EXPECT_EQ(comment, host.DrawnAnew());
+  host.control.Replace({BytePos(0), BytePos(2)}, "");
+  host.control.ScrollBy(0, 2900);
+  EXPECT_TRUE(PumpUntil([&] { return host.control.States().IsSettled(); }));
+  EXPECT_EQ(code, host.Drawn());
 }
 
 }  // namespace

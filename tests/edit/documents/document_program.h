@@ -75,8 +75,9 @@ class DocumentProgram {
   FakeOptions options;
   GlobalSettings settings;
   LOGFONTW screenFont{};
-  const DocumentServices services{frame,   frame, documents, messages, status,
-                                  waiting, help,  options,   settings, screenFont};
+  std::optional<StyleChoices> styles = StyleChoices{};
+  const DocumentServices services{frame, frame,   documents, messages,   status, waiting,
+                                  help,  options, settings,  screenFont, styles};
 };
 
 }  // namespace tarrow

@@ -268,6 +268,28 @@ TEST(Settings, ReadScreenFontsWithTheirOldSign) {
   EXPECT_EQ((FontChoice{"F", 12, 0, false}), ParseScreenFont("F,-12"));
 }
 
+TEST(Settings, SayHowThePartsOfATextLook) {
+  auto lookOf = [](const std::string& ini, Style style) {
+    MemoryFiles files;
+    files.global = ini;
+    std::optional<StyleChoices> styles = ProgramRun(files).settings.styles;
+    return styles ? (*styles)[static_cast<std::size_t>(style)] : Look{Colour{1, 2, 3}, true, true};
+  };
+  std::string ini = "[Colors]\nComment=#010203 bold\nString=unsound\n";
+  EXPECT_EQ((Look{Colour{1, 2, 3}, true, false}), lookOf(ini, Style::kComment));
+  EXPECT_EQ(std::nullopt, lookOf(ini, Style::kString));
+  EXPECT_EQ(std::nullopt, lookOf("[Settings]\nColors=1\n", Style::kComment));
+  EXPECT_EQ((Look{Colour{1, 2, 3}, true, true}), lookOf("[Settings]\nColors=0\n", Style::kComment));
+}
+
+TEST(Settings, KeepTheColoursThatTheyAreGiven) {
+  MemoryFiles files;
+  files.global = "[Colors]\nComment=#010203 bold\n[Settings]\nColors=0\n";
+  ProgramRun(files).Save();
+  EXPECT_EQ("#010203 bold", files.Global("Colors", "Comment"));
+  EXPECT_EQ("0", files.Global("Settings", "Colors"));
+}
+
 TEST(RecentList, ExchangesAKnownNameWithTheFirst) {
   RecentList list;
   for (const char* name : {"1", "2", "3", "4", "5", "6", "7"}) list.Add(name);
