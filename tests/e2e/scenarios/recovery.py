@@ -34,10 +34,15 @@ class Recovery(Scenario):
         program.wait_text(f"{typed}old\r\n")
         return program, path
 
-    def test_a_killed_text_is_recovered_under_its_name(self):
+    def killed(self):
+        """The path of a text whose program was killed while it was modified."""
         program, path = self.modified()
         self.wait_journal(b"new ")
         self.kill(program)
+        return path
+
+    def test_a_killed_text_is_recovered_under_its_name(self):
+        path = self.killed()
         program = self.start()
         program.press(program.dialog(OFFER), RECOVER)
         program.wait_file(path)
@@ -63,9 +68,7 @@ class Recovery(Scenario):
         program.wait_titles([shown_path(path)] + [f"File{number} (recovered)" for number in (1, 2, 3)])
 
     def test_a_second_kill_loses_nothing_either(self):
-        program, path = self.modified()
-        self.wait_journal(b"new ")
-        self.kill(program)
+        path = self.killed()
         program = self.start()
         program.press(program.dialog(OFFER), RECOVER)
         program.wait_file(path)
@@ -76,9 +79,7 @@ class Recovery(Scenario):
         program.wait_text("new old\r\n")
 
     def test_a_file_that_has_changed_since_is_left_alone(self):
-        program, path = self.modified()
-        self.wait_journal(b"new ")
-        self.kill(program)
+        path = self.killed()
         path.write_bytes(b"by another program\r\n")
         program = self.start("a.txt")
         program.press(program.dialog(OFFER), RECOVER)
@@ -86,9 +87,7 @@ class Recovery(Scenario):
         self.assertEqual(path.read_bytes(), b"by another program\r\n")
 
     def test_later_offers_again_and_discard_asks_once(self):
-        program, path = self.modified()
-        self.wait_journal(b"new ")
-        self.kill(program)
+        self.killed()
         program = self.start()
         program.press(program.dialog(OFFER), LATER)
         self.assertEqual(program.close_and_end(), 0)
