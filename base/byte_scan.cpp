@@ -121,6 +121,7 @@ ByteCount CountByteAndGaps(std::string_view text, char byte) {
   while (i + kGroup <= n) {
     Block lanes = zero;
     for (int round = 0; round < 63 && i + kGroup <= n; ++round, i += kGroup) {
+      _mm_prefetch(p + i + kPrefetchAhead, _MM_HINT_T0);
       Block a = _mm_cmpeq_epi8(Load(p + i), want), b = _mm_cmpeq_epi8(Load(p + i + kBlock), want);
       Block c = _mm_cmpeq_epi8(Load(p + i + 2 * kBlock), want),
             d = _mm_cmpeq_epi8(Load(p + i + 3 * kBlock), want);

@@ -1,5 +1,6 @@
 """Projects: opened and left, their tools run, and what these say."""
 
+import itertools
 import os
 import subprocess
 
@@ -17,9 +18,22 @@ class ProjectScenario(Scenario):
     def start(self, *words, **options):
         """Starts Tarrow in front: the console of an earlier command may have left nobody there."""
         program = super().start(*words, **options)
-        left, top, right, _ = program.main().facts["rect"]
-        self.stage.click((left + right) // 2, top + 10)
+        left, top, _, _ = program.main().facts["rect"]
+        places = itertools.cycle(range(left + 200, left + 600, 10))  # no two clicks make a double click
+
+        def in_front():
+            if self.stage.probe.ask("focus")["foreground"] in (window.handle for window in program.windows()):
+                return True
+            self.stage.click(next(places), top + 10)
+            return False
+        self.stage.wait(in_front, "the program in front")
         return program
+
+    def stop_programs(self):
+        """A console that goes later would take the foreground from the next play."""
+        super().stop_programs()
+        self.stage.wait(lambda: all("Console" not in window.kind for window in self.stage.everything()),
+                        "the consoles of commands to close")
 
     def tool(self, *words):
         program = BUILD / self.stage.width / "tests" / "wrapper" / "command_child.exe"
