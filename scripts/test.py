@@ -1,10 +1,11 @@
-"""Builds everything and runs every test: engines natively, under sanitizers and fuzzers, and as Windows
-programs of both widths under Wine; windows under Wine; the whole program by its keys; and the house rules.
+"""Builds everything and runs every test: engines under sanitizers and fuzzers, and as Windows programs of
+both widths under Wine; windows under Wine; the whole program by its keys; and the house rules.
 
 Each step reports cases that passed and failed; the last line sums them up.
 """
 
 import argparse
+import concurrent.futures
 import json
 import os
 import subprocess
@@ -63,18 +64,6 @@ def tail(text, lines=40):
     return "\n".join(text.strip().splitlines()[-lines:])
 
 
-def run_native(preset, outcome):
-    workshop.build(preset, "engine_tests")
-    report = BUILD / preset / "engine_tests.json"
-    report.unlink(missing_ok=True)
-
-    def run(log):
-        with log.open("w") as out:
-            return subprocess.run([BUILD / preset / "tests" / "engine_tests", f"--gtest_output=json:{report}"],
-                                  stdout=out, stderr=subprocess.STDOUT, cwd=ROOT, timeout=900).returncode
-    outcome.add_google_tests(f"engine_tests-{preset}", report, run)
-
-
 def run_under_wine(wine, width, program, outcome):
     """Runs a test program of Windows; one that hangs is ended, with a picture of its screen kept."""
     report = BUILD / width / f"{program}.json"
@@ -113,22 +102,28 @@ def style(outcome):
             {line.split(":")[0] for line in result.stdout.splitlines() if ": error:" in line}))
 
 
-def native(outcome):
-    run_native("native", outcome)
-    workshop.build("native")
-
-
 def sanitize(outcome):
-    run_native("sanitize", outcome)
+    """The tests of the engines, natively."""
+    workshop.build("sanitize")
+    report = BUILD / "sanitize" / "engine_tests.json"
+    report.unlink(missing_ok=True)
+
+    def run(log):
+        with log.open("w") as out:
+            return subprocess.run([BUILD / "sanitize" / "tests" / "engine_tests", f"--gtest_output=json:{report}"],
+                                  stdout=out, stderr=subprocess.STDOUT, cwd=ROOT, timeout=900,
+                                  env=os.environ | {"LLVM_PROFILE_FILE": os.devnull}).returncode
+    outcome.add_google_tests("engine_tests-sanitize", report, run)
 
 
 def fuzz(outcome):
     """A few seconds of each fuzzer: enough that none of them rots, and to see that it reaches its engine."""
-    workshop.build("fuzz")
-    folder = BUILD / "fuzz" / "fuzz"
-    for fuzzer in sorted(path for path in folder.iterdir() if path.is_file() and os.access(path, os.X_OK)):
-        findings = BUILD / "fuzz" / "findings"
-        findings.mkdir(exist_ok=True)
+    workshop.build("sanitize")
+    folder = BUILD / "sanitize" / "fuzz"
+    findings = BUILD / "sanitize" / "findings"
+    findings.mkdir(exist_ok=True)
+
+    def run(fuzzer):
         profile = findings / f"{fuzzer.name}.profraw"
         outcome.check(fuzzer.name, [fuzzer, f"-max_total_time={FUZZ_SECONDS}", "-rss_limit_mb=4096",
                                     "-verbosity=0", f"-artifact_prefix={findings}/"], timeout=120,
@@ -137,6 +132,10 @@ def fuzz(outcome):
             outcome.failures.append(text)
         else:
             outcome.passed += 1
+    fuzzers = sorted(path for path in folder.iterdir() if path.is_file() and os.access(path, os.X_OK))
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        for _ in pool.map(run, fuzzers):
+            pass
 
 
 def windows(outcome):
@@ -164,8 +163,8 @@ def benchmarks(outcome):
 
 
 STEPS = {
-    "house": house, "style": style, "native": native, "sanitize": sanitize, "fuzz": fuzz, "windows": windows,
-    "e2e": e2e, "benchmarks": benchmarks}
+    "house": house, "style": style, "sanitize": sanitize, "fuzz": fuzz, "windows": windows, "e2e": e2e,
+    "benchmarks": benchmarks}
 
 
 def run_step(name):

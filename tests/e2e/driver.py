@@ -14,7 +14,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "scripts"))
 import workshop
 from workshop import BUILD, Failure, windows_path
 
-PATIENCE = 20  # seconds; a condition that takes longer is a failure
+PATIENCE = 60  # seconds; a condition that takes longer is a failure
 
 WM_COMMAND, WM_CLOSE, BM_CLICK = 0x111, 0x10, 0xF5
 

@@ -103,11 +103,7 @@ void DescribeFocus(Json& out) {
   out.BeginObject().Key("foreground").Number(Handle(foreground));
   out.Key("active").Number(Handle(info.hwndActive)).Key("focus").Number(Handle(info.hwndFocus));
   out.Key("focusClass").Text(info.hwndFocus ? ClassOf(info.hwndFocus) : std::string());
-  out.Key("inMenu").Bool((info.flags & GUI_INMENUMODE) != 0).Key("caretWindow");
-  out.Number(Handle(info.hwndCaret)).Key("caretOnScreen");
-  RECT caret = info.rcCaret;
-  MapWindowPoints(info.hwndCaret, nullptr, reinterpret_cast<POINT*>(&caret), 2);
-  DescribeRect(out, caret);
+  out.Key("inMenu").Bool((info.flags & GUI_INMENUMODE) != 0);
   out.EndObject();
 }
 

@@ -22,7 +22,7 @@ void DescribeDesktop(Json& out, bool withChildren);
 // One window and all that it holds, hidden ones included.
 void DescribeTree(Json& out, HWND window);
 
-// The foreground window, the window with the focus, and the caret.
+// The foreground window and the window with the focus.
 void DescribeFocus(Json& out);
 
 }  // namespace tarrow::probe

@@ -141,11 +141,11 @@ TEST(Journal, LargeTextIsCopiedWhileItChanges) {
 
 TEST(Journal, ThousandsOfReplacementsAtOnceAreCopied) {
   Play play;
-  play.Load(std::string(1'000'000, 'v'));
+  play.Load(std::string(200'000, 'v'));
   play.Type(0, 0, "a");
   play.Settle();
   EditList edits;
-  for (int i = 0; i < 500'000; ++i) edits.Add({BytePos(2 * i), BytePos(2 * i + 1)}, "value");
+  for (int i = 0; i < 100'000; ++i) edits.Add({BytePos(2 * i), BytePos(2 * i + 1)}, "value");
   play.buffer.Apply(edits);
   play.Settle();
   EXPECT_TRUE(play.Left() == Texts{play.Text()});

@@ -171,7 +171,7 @@ TEST(ReplaceAll, NeverMakesUtf8Invalid) {
       "\xA9",  "[\x80-\xBF]", "[é-€]", "\xC3", "[^\xC3]", "\xE2\x82", ".*",  " "};
   constexpr std::string_view kReplacementPieces[] = {"", "&", "x", "\\1", "é", "\\U&", "\\u\\1", "€"};
   std::mt19937 random(1837);
-  for (int round = 0, tried = 0; tried < 5000; ++round) {
+  for (int tried = 0; tried < 5000;) {
     std::string pattern = RandomText(random, kPatternPieces, 5), text = RandomText(random, kTextPieces, 12);
     std::string replacement = RandomText(random, kReplacementPieces, 2);
     FindState state;

@@ -132,7 +132,7 @@ class PollCounter final : public Progress {
     if (Elapsed() > std::chrono::seconds(1)) throw CYieldException();
   }
   std::chrono::steady_clock::duration Elapsed() const { return std::chrono::steady_clock::now() - began_; }
-  bool IsOften() const { return count_ >= Elapsed() / std::chrono::milliseconds(100); }
+  bool IsOften() const { return count_ >= Elapsed() / std::chrono::milliseconds(500); }
 
  private:
   std::chrono::steady_clock::time_point began_ = std::chrono::steady_clock::now();
