@@ -9,4 +9,11 @@ bool IsWine() {
   return isWine;
 }
 
+bool IsHighContrast() {
+  HIGHCONTRASTW contrast{};
+  contrast.cbSize = sizeof contrast;
+  ::SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0);
+  return (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+
 }  // namespace tarrow

@@ -5,4 +5,7 @@ namespace tarrow {
 
 [[nodiscard]] bool IsWine();
 
+// Whether the user has asked the system for high contrast, where nobody chooses colours of his own.
+[[nodiscard]] bool IsHighContrast();
+
 }  // namespace tarrow

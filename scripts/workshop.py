@@ -126,8 +126,6 @@ class Wine:
         self.run(["wineboot", "--init"], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=300)
         # A crash is an exit code here, not a dialog that waits for someone.
         self._set_registry(r"HKCU\Software\Wine\WineDbg", "ShowCrashDialog", "REG_DWORD", "0")
-        # On a busy machine half a second may lie between the two clicks of a double click.
-        self._set_registry(r"HKCU\Control Panel\Mouse", "DoubleClickSpeed", "REG_SZ", "3000")
         if self.desktop:
             self._set_registry(r"HKCU\Software\Wine\Explorer", "Desktop", "REG_SZ", "Tarrow")
             self._set_registry(r"HKCU\Software\Wine\Explorer\Desktops", "Tarrow", "REG_SZ", SCREEN_SIZE)

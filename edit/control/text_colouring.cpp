@@ -3,13 +3,6 @@
 namespace tarrow {
 namespace {
 
-bool IsHighContrast() {
-  HIGHCONTRASTW contrast{};
-  contrast.cbSize = sizeof contrast;
-  ::SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0);
-  return (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
-}
-
 Colour WindowColour() {
   DWORD colour = ::GetSysColor(COLOR_WINDOW);
   return {GetRValue(colour), GetGValue(colour), GetBValue(colour)};
@@ -35,8 +28,8 @@ FontHandle MakeVariant(const FontWidths& plain, const Look& look) {
 
 }  // namespace
 
-void TextColouring::Start(TextBuffer& text) {
-  bool isOn = lexer_ && choices_ && !IsHighContrast();
+void TextColouring::Start(TextBuffer& text, bool isHighContrast) {
+  bool isOn = lexer_ && choices_ && !isHighContrast;
   states_.Reset(text, isOn ? lexer_ : nullptr);
   if (isOn) palette_ = PaletteFor(WindowColour(), *choices_);
 }

@@ -25,7 +25,7 @@ class TextColouring {
 
   // Begins anew: with another text, lexer or choice, or with other colours of the system. The text outlives
   // the object, or another takes its place.
-  void Start(TextBuffer& text);
+  void Start(TextBuffer& text, bool isHighContrast);
 
   // The font of plain text; it outlives the object, or another takes its place.
   void SetFont(const FontWidths& font);

@@ -4,6 +4,7 @@
 // them; a timer goes through the rest of the text in slices, and lines that turn out otherwise are drawn
 // again.
 #include "edit/control/text_control.h"
+#include "framework/platform.h"
 
 #include <algorithm>
 #include <chrono>
@@ -30,7 +31,7 @@ void TextControl::SetStyles(const std::optional<StyleChoices>& choices) {
 }
 
 void TextControl::RestartColours() {
-  colouring_.Start(buffer_);
+  colouring_.Start(buffer_, IsHighContrast());
   WantIdleTime();
   Invalidate();
 }

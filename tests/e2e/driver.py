@@ -16,7 +16,7 @@ from workshop import BUILD, Failure, windows_path
 
 PATIENCE = 60  # seconds; a condition that takes longer is a failure
 
-WM_COMMAND, WM_CLOSE, BM_CLICK = 0x111, 0x10, 0xF5
+WM_NULL, WM_CLOSE, WM_COMMAND, BM_CLICK = 0, 0x10, 0x111, 0xF5
 
 
 class Probe:
@@ -116,7 +116,8 @@ class Stage:
         self.probe.ask("type", text)
 
     def click(self, x, y, how="left", modifiers=""):
-        self.probe.ask("click", x, y, how, modifiers)
+        if not self.probe.ask("click", x, y, how, modifiers):
+            raise Failure(f"no click at {x}, {y}")
 
     def clipboard(self):
         return self.probe.ask("clipboard")

@@ -68,8 +68,31 @@ void Send(std::vector<INPUT>& inputs) {
   SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
 }
 
-INPUT MoveTo(int x, int y) {
-  return MouseInput(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, x, y);
+bool IsAt(POINT place) {
+  POINT now{};
+  return GetCursorPos(&now) && now.x == place.x && now.y == place.y;
+}
+
+// Moves the pointer, and waits until it stays there: the display tells of an earlier move when it likes, and
+// takes the pointer back to where it was then. False when it will not stay.
+bool PointAt(POINT place) {
+  constexpr ULONGLONG kLimit = 10'000;  // milliseconds
+  constexpr DWORD kBetweenLooks = 5;
+  constexpr int kLooks = 8;
+  int quiet = 0;
+  for (const ULONGLONG began = GetTickCount64(); quiet < kLooks && GetTickCount64() - began < kLimit;
+       ++quiet) {
+    if (!IsAt(place)) {
+      quiet = 0;
+      INPUT move = MouseInput(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, place.x, place.y);
+      SendInput(1, &move, sizeof move);
+    }
+    // Answered when the window's program has taken what the display had for it.
+    DWORD_PTR answer = 0;
+    SendMessageTimeoutW(WindowFromPoint(place), WM_NULL, 0, 0, SMTO_NORMAL, kLimit, &answer);
+    Sleep(kBetweenLooks);
+  }
+  return quiet == kLooks;
 }
 
 // The codes of "Ctrl+Shift+F5" in the order of pressing; empty when a part is no key. "+" alone is a key.
@@ -141,19 +164,13 @@ void TypeText(std::string_view utf8) {
 bool Click(int x, int y, std::string_view how, std::string_view modifiers) {
   const bool isRight = how == "right";
   if (!isRight && how != "left" && how != "double") return false;
+  if (!PointAt({x, y})) return false;
   const INPUT down = MouseInput(isRight ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_LEFTDOWN);
   const INPUT up = MouseInput(isRight ? MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTUP);
-  std::vector<INPUT> inputs = {MoveTo(x, y), down, up};
+  std::vector<INPUT> inputs = {down, up};
   if (how == "double") inputs.insert(inputs.end(), {down, up});
   SendHolding(CodesOf(modifiers), inputs);
   return true;
-}
-
-void Drag(int fromX, int fromY, int toX, int toY) {
-  std::vector<INPUT> inputs = {MoveTo(fromX, fromY), MouseInput(MOUSEEVENTF_LEFTDOWN),
-                               MoveTo((fromX + toX) / 2, (fromY + toY) / 2), MoveTo(toX, toY),
-                               MouseInput(MOUSEEVENTF_LEFTUP)};
-  Send(inputs);
 }
 
 }  // namespace tarrow::probe

@@ -13,10 +13,8 @@ namespace tarrow::probe {
 void TypeText(std::string_view utf8);
 
 // What a mouse does at a place of the screen: "left", "right", "double"; with Ctrl or Shift held where
-// `modifiers` names them ("Ctrl", "Shift", "Ctrl+Shift", ""). False for another word.
+// `modifiers` names them ("Ctrl", "Shift", "Ctrl+Shift", ""). False for another word, and where the pointer
+// will not go.
 [[nodiscard]] bool Click(int x, int y, std::string_view how, std::string_view modifiers);
-
-// Presses the left button at one place and lets it go at another.
-void Drag(int fromX, int fromY, int toX, int toY);
 
 }  // namespace tarrow::probe

@@ -6,7 +6,7 @@ import time
 import unittest
 
 import workshop
-from driver import BM_CLICK, BUILD, WM_COMMAND, Program, Window, plain
+from driver import BM_CLICK, BUILD, WM_COMMAND, WM_NULL, Program, Window, plain
 from vocabulary import command_number
 from workshop import LOGS, windows_path
 
@@ -49,12 +49,18 @@ class Tarrow(Program):
         return documents[0].find("TarrowEdit") if documents else None
 
     def wait_title(self, title):
-        """Waits until the window on top has this title and the keyboard."""
+        """Waits until the window on top has this title and the keyboard, and stands where it is to stay."""
+        seen = [None, None]
+
         def ready():
             documents = self.documents()
             if not documents or documents[0].text != title:
                 return False
-            return self.stage.probe.ask("focus")["focusClass"] == "TarrowEdit" and documents[0]
+            # A window has the keyboard before it is maximised. The program answers when it comes to wait.
+            self.stage.probe.ask("send", self.handle, WM_NULL, 0, 0)
+            seen[:] = seen[1], documents[0].facts["rect"]
+            return (seen[0] == seen[1] and self.stage.probe.ask("focus")["focusClass"] == "TarrowEdit"
+                    and documents[0])
         return self.stage.wait(ready, f"a window with the title '{title}' in front")
 
     def wait_file(self, path):

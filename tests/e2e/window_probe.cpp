@@ -74,11 +74,6 @@ void MouseClick(const Fields& f, Json& out) {
   out.Bool(Click(IntOf(f[1]), IntOf(f[2]), f[3], f[4]));
 }
 
-void MouseDrag(const Fields& f, Json& out) {
-  Drag(IntOf(f[1]), IntOf(f[2]), IntOf(f[3]), IntOf(f[4]));
-  out.Bool(true);
-}
-
 void Post(const Fields& f, Json& out) {
   out.Bool(PostMessageW(WindowOf(f[1]), static_cast<UINT>(NumberOf(f[2])),
                         static_cast<WPARAM>(NumberOf(f[3])), static_cast<LPARAM>(NumberOf(f[4]))));
@@ -115,23 +110,14 @@ struct Request {
 };
 
 constexpr Request kRequests[] = {
-    {"desktop", 1, Desktop},
-    {"everything", 1, Everything},
-    {"tree", 2, Tree},
-    {"text", 2, Text},
-    {"focus", 1, Focus},
-    {"keys", 2, Keys},
-    {"type", 2, Type},
-    {"click", 5, MouseClick},
-    {"drag", 5, MouseDrag},
-    {"post", 5, Post},
-    {"send", 5, Send},
-    {"settext", 3, SetText},
-    {"activate", 2, Activate},
-    {"clipboard", 1, Clipboard},
-    {"setclipboard", 2, SetClipboard},
-    {"hold", 2, Hold},
-    {"release", 1, Release},
+    {"desktop", 1, Desktop},     {"everything", 1, Everything},
+    {"tree", 2, Tree},           {"text", 2, Text},
+    {"focus", 1, Focus},         {"keys", 2, Keys},
+    {"type", 2, Type},           {"click", 5, MouseClick},
+    {"post", 5, Post},           {"send", 5, Send},
+    {"settext", 3, SetText},     {"activate", 2, Activate},
+    {"clipboard", 1, Clipboard}, {"setclipboard", 2, SetClipboard},
+    {"hold", 2, Hold},           {"release", 1, Release},
 };
 
 Fields Split(const std::string& line) {

@@ -1,5 +1,6 @@
 #include "ui/bars/tool_images.h"
 
+#include "framework/platform.h"
 #include "framework/wnd.h"
 #include "resources/resource.h"
 #include "ui/bars/image_cells.h"
@@ -17,11 +18,8 @@ constexpr std::uint32_t kTransparentColor = 0xFF00FF;
 constexpr BYTE kPale = 90;  // of 255
 
 bool NeedsMonochrome(HDC screen) {
-  HIGHCONTRASTW contrast{};
-  contrast.cbSize = sizeof contrast;
-  ::SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0);
   int bits = ::GetDeviceCaps(screen, BITSPIXEL) * ::GetDeviceCaps(screen, PLANES);
-  return (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0 || bits < 4;
+  return IsHighContrast() || bits < 4;
 }
 
 BITMAPINFO TopDown(int width, int height) {

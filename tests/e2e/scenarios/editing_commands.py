@@ -68,16 +68,16 @@ class EditingCommands(Scenario):
         if command in ("Enter", "Tab", "Home"):
             self.stage.keys(command)
         elif command == "DoubleClick":
-            self.double_click(edit, case.selection[0])
+            self.double_click(program, edit, case.selection[0])
         elif command.startswith("Type "):
             self.stage.type(command.removeprefix("Type "))
         else:
             program.command(command)
 
-    def double_click(self, edit, at):
+    def double_click(self, program, edit, at):
         """The place is the control's own answer: the caret follows the keyboard from window to window a moment later."""
         place = self.stage.probe.ask("send", edit.handle, EM_POSFROMCHAR, at, 0)
-        left, top, _, _ = edit.facts["rect"]
+        left, top, _, _ = program.window(edit).facts["rect"]
         self.stage.click(left + (place & 0xFFFF) + 1, top + (place >> 16) + 1, "double")
 
     def selection(self, edit):
