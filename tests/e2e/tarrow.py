@@ -50,18 +50,24 @@ class Tarrow(Program):
 
     def wait_title(self, title):
         """Waits until the window on top has this title and the keyboard, and stands where it is to stay."""
-        seen = [None, None]
-
         def ready():
             documents = self.documents()
             if not documents or documents[0].text != title:
                 return False
-            # A window has the keyboard before it is maximised. The program answers when it comes to wait.
+            return self.stage.probe.ask("focus")["focusClass"] == "TarrowEdit" and documents[0]
+        return self.wait_still(self.stage.wait(ready, f"a window with the title '{title}' in front"))
+
+    def wait_still(self, window):
+        """A window has the keyboard before it is maximised; gives it as it stands then."""
+        seen = [None, window]
+
+        def still():
+            # The program answers when it comes to wait.
             self.stage.probe.ask("send", self.handle, WM_NULL, 0, 0)
-            seen[:] = seen[1], documents[0].facts["rect"]
-            return (seen[0] == seen[1] and self.stage.probe.ask("focus")["focusClass"] == "TarrowEdit"
-                    and documents[0])
-        return self.stage.wait(ready, f"a window with the title '{title}' in front")
+            seen[:] = seen[1], self.window(window)
+            return seen[0].facts["rect"] == seen[1].facts["rect"]
+        self.stage.wait(still, "the window to stay where it is")
+        return seen[1]
 
     def wait_file(self, path):
         return self.wait_title(shown_path(path))
