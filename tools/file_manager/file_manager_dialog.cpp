@@ -18,7 +18,7 @@
 namespace tarrow {
 namespace {
 
-// Posted by the dialog to itself: other files are chosen. Choosing many sends a notification for each.
+// Posted by the dialog to itself: other files may be chosen. Choosing many may send a notification for each.
 constexpr UINT kChoiceChanged = WM_APP + 1;
 
 constexpr UINT_PTR kSumTimer = 1;
@@ -109,6 +109,8 @@ LRESULT CFileManagerDialog::OnNotifyMessage(WPARAM, LPARAM l) {
   switch (header.code) {
     case LVN_ITEMCHANGED:
     case LVN_ODSTATECHANGED:
+    case NM_CLICK:
+    case NM_RELEASEDCAPTURE:
       ChoiceChanges();
       break;
     case LVN_KEYDOWN:
@@ -129,8 +131,9 @@ LRESULT CFileManagerDialog::OnNotifyMessage(WPARAM, LPARAM l) {
   return result;
 }
 
-// The first of what may be a hundred thousand changes: the rest is waited for, then counts and list are
-// shown.
+// What may be a hundred thousand changes begins, or is about to: they are waited for, then counts and list
+// are shown. Wine's list has each row drawn by itself that is no longer chosen, and tells of all of them when
+// that is over; of the key or the button that is the cause it tells before.
 void CFileManagerDialog::ChoiceChanges() {
   if (std::exchange(countsAreOld_, true)) return;
   list_.HoldDrawing();
@@ -141,7 +144,8 @@ void CFileManagerDialog::OnListKey(UINT key) {
   if (key == VK_DELETE) return Delete(::GetKeyState(VK_SHIFT) < 0 ? Removal::kForGood : Removal::kRecycle);
   if (key == VK_F2) return OnRename();
   if (key == VK_F5) return OnRefresh();
-  if (key == 'A' && ::GetKeyState(VK_CONTROL) < 0) list_.ChooseAll();
+  if (key == 'A' && ::GetKeyState(VK_CONTROL) < 0) return list_.ChooseAll();
+  ChoiceChanges();
 }
 
 // What Enter presses: it goes with the focus.
