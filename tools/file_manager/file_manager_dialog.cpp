@@ -4,6 +4,7 @@
 #include "base/path_text.h"
 #include "base/words.h"
 #include "edit/documents/file_dialogs.h"
+#include "framework/dialog_placement.h"
 #include "framework/directories.h"
 #include "framework/file_system.h"
 #include "framework/text_resources.h"
@@ -74,10 +75,12 @@ bool CFileManagerDialog::OnInitDialog() {
        reinterpret_cast<LPARAM>(::LoadIconW(ModuleInstance(), MAKEINTRESOURCEW(IDI_TARROW))));
   list_.Attach(Item(IDC_MANAGED_LIST));
   layout_.Begin(Handle(), kAnchors);
-  if (const auto& place = state_.place)
+  if (const auto& place = state_.place) {
     ::SetWindowPos(Handle(), nullptr, static_cast<int>(place->left), static_cast<int>(place->top),
                    static_cast<int>(place->right - place->left), static_cast<int>(place->bottom - place->top),
                    SWP_NOZORDER | SWP_NOACTIVATE);
+    KeepPlace(Handle());
+  }
   if (state_.directory.empty() || !IsDirectory(state_.directory)) state_.directory = WorkingDirectory();
   SetItemText(IDC_MANAGED_DIRECTORY, state_.directory);
   SetItemText(IDC_MANAGED_FILES, state_.patterns);
