@@ -130,8 +130,7 @@ void Run(int count) {
   managing.ChooseAll();
   Show(what + "sort all", Seconds([&] { managing.Sort(FileColumn::kSize); }));
   Check(managing.Chosen() == rows, "all are still chosen");
-  // Wine's control tells of each row by itself, which no dialog can shorten; that of Windows tells once.
-  Row({what + "choose one instead", Seconds([&] { managing.PressDown(); }), "none", 0, "s", 0});
+  Show(what + "choose one instead", Seconds([&] { managing.PressDown(); }));
   Check(managing.Chosen() == 1, "one");
   Show(what + "sort", Seconds([&] { managing.Sort(FileColumn::kModified); }));
 }

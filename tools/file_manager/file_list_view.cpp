@@ -6,6 +6,7 @@
 #include "ui/program/string_ids.h"
 
 #include <algorithm>
+#include <iterator>
 #include <numeric>
 #include <utility>
 
@@ -56,19 +57,21 @@ void FileListView::Show(std::vector<ListedFile> files, std::string_view director
 
 // The control is asked row by row only where it has to be.
 std::vector<std::size_t> FileListView::ChosenRows() const {
-  std::vector<std::size_t> rows;
   std::size_t count = ChosenCount();
-  if (count == table_.Size()) {
-    rows.resize(count);
-    std::iota(rows.begin(), rows.end(), std::size_t{0});
-    return rows;
-  }
+  if (count == table_.Size()) return EveryRow();
+  std::vector<std::size_t> rows;
   LRESULT row = -1;
   while (rows.size() < count) {
     row = ::SendMessageW(control_, LVM_GETNEXTITEM, static_cast<WPARAM>(row), LVNI_SELECTED);
     if (row < 0 || static_cast<std::size_t>(row) >= table_.Size()) break;
     rows.push_back(static_cast<std::size_t>(row));
   }
+  return rows;
+}
+
+std::vector<std::size_t> FileListView::EveryRow() const {
+  std::vector<std::size_t> rows(table_.Size());
+  std::iota(rows.begin(), rows.end(), std::size_t{0});
   return rows;
 }
 
@@ -128,22 +131,22 @@ std::string FileListView::Focused() const {
              : std::string();
 }
 
+// Row by row the lesser part of the list, which may have a hundred thousand.
 void FileListView::Restore(const Choice& choice) const {
-  SetState(kEveryRow, 0, LVIS_SELECTED);
-  Choose(table_.RowsOf(choice.paths));
+  std::vector<std::size_t> rows = table_.RowsOf(choice.paths);
+  bool areMost = rows.size() > table_.Size() / 2;
+  SetState(kEveryRow, areMost ? LVIS_SELECTED : 0, LVIS_SELECTED);
+  ChangeChoice(areMost ? EveryRow() : std::vector<std::size_t>(), rows);
   Focus(choice.focused);
 }
 
-// Row by row the lesser part of the list, where it may have a hundred thousand rows.
-void FileListView::Choose(const std::vector<std::size_t>& rows) const {
-  bool areMost = rows.size() > table_.Size() / 2;
-  if (areMost) SetState(kEveryRow, LVIS_SELECTED, LVIS_SELECTED);
-  auto next = rows.begin();
-  for (std::size_t row = 0; row < table_.Size() && (areMost || next != rows.end()); ++row) {
-    bool isChosen = next != rows.end() && *next == row;
-    if (isChosen) ++next;
-    if (isChosen != areMost) SetState(row, isChosen ? LVIS_SELECTED : 0, LVIS_SELECTED);
-  }
+void FileListView::ChangeChoice(const std::vector<std::size_t>& from,
+                                const std::vector<std::size_t>& to) const {
+  std::vector<std::size_t> left, added;
+  std::ranges::set_difference(from, to, std::back_inserter(left));
+  std::ranges::set_difference(to, from, std::back_inserter(added));
+  for (std::size_t row : left) SetState(row, 0, LVIS_SELECTED);
+  for (std::size_t row : added) SetState(row, LVIS_SELECTED, LVIS_SELECTED);
 }
 
 // Puts the focus on a file; on the first when there is no such file any more.
@@ -184,14 +187,15 @@ int FileListView::Find(const NMLVFINDITEMW& wanted) const {
   return row ? static_cast<int>(*row) : -1;
 }
 
-// Where all are chosen or none, that holds in any order.
 void FileListView::SortBy(FileColumn column) {
-  bool areAllAlike = ChosenCount() == 0 || ChosenCount() == table_.Size();
-  Choice choice = areAllAlike ? Choice{{}, Focused()} : TakeChoice();
-  table_.SortBy(column, column == table_.SortColumn() && !table_.IsDescending());
+  std::string focused = Focused();
+  std::vector<std::size_t> before = ChosenRows();
+  bool descending = column == table_.SortColumn() && !table_.IsDescending();
+  std::vector<std::size_t> after = table_.SortBy(column, descending, before);
   ShowSortArrow();
   HoldDrawing();
-  areAllAlike ? Focus(choice.focused) : Restore(choice);
+  ChangeChoice(before, after);
+  Focus(focused);
   DrawAgain();
 }
 

@@ -54,7 +54,8 @@ class FileListView {
   void ShowSortArrow() const;
   Choice TakeChoice() const;
   void Restore(const Choice& choice) const;
-  void Choose(const std::vector<std::size_t>& rows) const;
+  void ChangeChoice(const std::vector<std::size_t>& from, const std::vector<std::size_t>& to) const;
+  std::vector<std::size_t> EveryRow() const;
   std::string Focused() const;
   void Focus(const std::string& path) const;
   std::string CellText(std::size_t row, FileColumn column) const;

@@ -4,6 +4,7 @@
 #include "base/path_text.h"
 #include "base/words.h"
 #include "edit/documents/file_dialogs.h"
+#include "framework/dialog_placement.h"
 #include "framework/directories.h"
 #include "framework/file_system.h"
 #include "framework/text_resources.h"
@@ -18,7 +19,7 @@
 namespace tarrow {
 namespace {
 
-// Posted by the dialog to itself: other files are chosen. Choosing many sends a notification for each.
+// Posted by the dialog to itself: other files may be chosen. Choosing many may send a notification for each.
 constexpr UINT kChoiceChanged = WM_APP + 1;
 
 constexpr UINT_PTR kSumTimer = 1;
@@ -74,10 +75,12 @@ bool CFileManagerDialog::OnInitDialog() {
        reinterpret_cast<LPARAM>(::LoadIconW(ModuleInstance(), MAKEINTRESOURCEW(IDI_TARROW))));
   list_.Attach(Item(IDC_MANAGED_LIST));
   layout_.Begin(Handle(), kAnchors);
-  if (const auto& place = state_.place)
+  if (const auto& place = state_.place) {
     ::SetWindowPos(Handle(), nullptr, static_cast<int>(place->left), static_cast<int>(place->top),
                    static_cast<int>(place->right - place->left), static_cast<int>(place->bottom - place->top),
                    SWP_NOZORDER | SWP_NOACTIVATE);
+    KeepPlace(Handle());
+  }
   if (state_.directory.empty() || !IsDirectory(state_.directory)) state_.directory = WorkingDirectory();
   SetItemText(IDC_MANAGED_DIRECTORY, state_.directory);
   SetItemText(IDC_MANAGED_FILES, state_.patterns);
@@ -109,6 +112,8 @@ LRESULT CFileManagerDialog::OnNotifyMessage(WPARAM, LPARAM l) {
   switch (header.code) {
     case LVN_ITEMCHANGED:
     case LVN_ODSTATECHANGED:
+    case NM_CLICK:
+    case NM_RELEASEDCAPTURE:
       ChoiceChanges();
       break;
     case LVN_KEYDOWN:
@@ -129,8 +134,9 @@ LRESULT CFileManagerDialog::OnNotifyMessage(WPARAM, LPARAM l) {
   return result;
 }
 
-// The first of what may be a hundred thousand changes: the rest is waited for, then counts and list are
-// shown.
+// What may be a hundred thousand changes begins, or is about to: they are waited for, then counts and list
+// are shown. Wine's list has each row drawn by itself that is no longer chosen, and tells of all of them when
+// that is over; of the key or the button that is the cause it tells before.
 void CFileManagerDialog::ChoiceChanges() {
   if (std::exchange(countsAreOld_, true)) return;
   list_.HoldDrawing();
@@ -141,7 +147,8 @@ void CFileManagerDialog::OnListKey(UINT key) {
   if (key == VK_DELETE) return Delete(::GetKeyState(VK_SHIFT) < 0 ? Removal::kForGood : Removal::kRecycle);
   if (key == VK_F2) return OnRename();
   if (key == VK_F5) return OnRefresh();
-  if (key == 'A' && ::GetKeyState(VK_CONTROL) < 0) list_.ChooseAll();
+  if (key == 'A' && ::GetKeyState(VK_CONTROL) < 0) return list_.ChooseAll();
+  ChoiceChanges();
 }
 
 // What Enter presses: it goes with the focus.

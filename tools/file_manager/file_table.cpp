@@ -35,10 +35,14 @@ void FileTable::Assign(std::vector<ListedFile> files, std::string_view directory
   Sort();
 }
 
-void FileTable::SortBy(FileColumn column, bool descending) {
+std::vector<std::size_t> FileTable::SortBy(FileColumn column, bool descending,
+                                           const std::vector<std::size_t>& rows) {
+  std::vector<bool> isWanted(files_.size());
+  for (std::size_t row : rows) isWanted[order_[row]] = true;
   column_ = column;
   descending_ = descending;
   Sort();
+  return RowsWhere(isWanted);
 }
 
 std::uint64_t FileTable::SortValue(const ListedFile& file) const {
@@ -87,6 +91,11 @@ std::vector<std::size_t> FileTable::RowsOf(const std::vector<std::string>& paths
     if (file != files_.end() && file->path == path)
       isWanted[static_cast<std::size_t>(file - files_.begin())] = true;
   }
+  return RowsWhere(isWanted);
+}
+
+// The rows of those places in files_ that are marked.
+std::vector<std::size_t> FileTable::RowsWhere(const std::vector<bool>& isWanted) const {
   std::vector<std::size_t> rows;
   for (std::size_t row = 0; row < order_.size(); ++row)
     if (isWanted[order_[row]]) rows.push_back(row);

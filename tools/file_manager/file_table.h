@@ -22,7 +22,9 @@ class FileTable {
   // last asked for.
   void Assign(std::vector<ListedFile> files, std::string_view directory);
 
-  void SortBy(FileColumn column, bool descending);
+  // Gives the rows, in ascending order, that the files of `rows` have afterwards.
+  std::vector<std::size_t> SortBy(FileColumn column, bool descending,
+                                  const std::vector<std::size_t>& rows = {});
   FileColumn SortColumn() const { return column_; }
   bool IsDescending() const { return descending_; }
 
@@ -48,6 +50,7 @@ class FileTable {
 
  private:
   void Sort();
+  std::vector<std::size_t> RowsWhere(const std::vector<bool>& isWanted) const;
   std::uint64_t SortValue(const ListedFile& file) const;
 
   std::vector<ListedFile> files_;     // in the order of their paths

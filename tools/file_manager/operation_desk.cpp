@@ -88,16 +88,20 @@ void TellCancelled(Messages& messages, StatusLine& status) {
 }
 
 // Nothing else of the program takes input before the operation is over, the questions in between included.
+// The box goes after that: where all windows below it are disabled, the system brings another program to the
+// front.
 OperationReport OperationDesk::Run(int title, std::size_t count,
                                    const std::function<OperationReport(FileOperations&)>& operation) {
-  DisabledWindow frame(frame_), dialog(dialog_);
   count_ = count;
   box_ = std::make_unique<CProgressBox>(dialog_, LoadText(title));
   box_->SetWhole(static_cast<std::int64_t>(count));
   box_->SetCounts([this] { return FormatTextResource(kTextFilesDone, {done_, count_}); });
   WindowsFileDisk disk;
   FileOperations operations(disk, *this);
-  OperationReport report = operation(operations);
+  OperationReport report = [&] {
+    DisabledWindow frame(frame_), dialog(dialog_);
+    return operation(operations);
+  }();
   box_.reset();
   return report;
 }

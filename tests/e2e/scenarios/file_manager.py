@@ -177,6 +177,18 @@ class FileManager(Scenario):
         program.wait_file(one)
         self.assertTrue(any(window.handle == dialog.handle for window in program.dialogs()))
 
+    def test_comes_back_where_it_stood(self):
+        program, dialog = self.manage()
+        left, top, right, _ = dialog.facts["rect"]
+        middle = (left + right) // 2
+        self.stage.probe.ask("drag", middle, top + 10, middle + 60, top + 50)
+        self.stage.wait(lambda: program.window(dialog).facts["rect"] != dialog.facts["rect"], "the dialog to move")
+        place = program.window(dialog).facts["rect"]
+        program.press(dialog, "Close")
+        program.command("File:Manage")
+        again = program.dialog("Manage Files")
+        self.stage.wait(lambda: program.window(again).facts["rect"] == place, f"the dialog at {place}")
+
     def test_a_modified_file_is_saved_first_as_the_user_says(self):
         program, path = self.open("one.c", b"1\r\n")
         self.stage.type("x")

@@ -69,6 +69,14 @@ TEST_F(FileTableTest, FindsFilesInAnyOrder) {
   EXPECT_EQ(FileTable().FindName("a", 0), std::nullopt);
 }
 
+TEST_F(FileTableTest, SortingTellsWhereRowsHaveGone) {
+  using Rows = std::vector<std::size_t>;
+  ASSERT_EQ(Names(table), "A.c b.c sub\\Z.c d:\\x.c ");
+  EXPECT_EQ(table.SortBy(FileColumn::kSize, false, {0, 2}), (Rows{1, 3})) << "b.c sub\\Z.c d:\\x.c A.c";
+  EXPECT_EQ(table.SortBy(FileColumn::kSize, true, {0, 1, 2, 3}), (Rows{0, 1, 2, 3}));
+  EXPECT_EQ(table.SortBy(FileColumn::kName, false, {}), Rows{});
+}
+
 TEST_F(FileTableTest, AssigningKeepsTheOrderAskedFor) {
   table.SortBy(FileColumn::kSize, true);
   table.Assign({Listed("c:\\a", "a", 1, 1), Listed("c:\\b", "b", 2, 1)}, "c:\\");
