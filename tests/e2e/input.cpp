@@ -64,7 +64,7 @@ INPUT MouseInput(DWORD flags, int x = 0, int y = 0) {
   return input;
 }
 
-void Send(std::vector<INPUT>& inputs) {
+void Send(std::vector<INPUT> inputs) {
   SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
 }
 
@@ -84,8 +84,7 @@ bool PointAt(POINT place) {
        ++quiet) {
     if (!IsAt(place)) {
       quiet = 0;
-      INPUT move = MouseInput(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, place.x, place.y);
-      SendInput(1, &move, sizeof move);
+      Send({MouseInput(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, place.x, place.y)});
     }
     // Answered when the window's program has taken what the display had for it.
     DWORD_PTR answer = 0;

@@ -84,6 +84,11 @@ void Send(const Fields& f, Json& out) {
                  static_cast<LPARAM>(NumberOf(f[4]))));
 }
 
+void Move(const Fields& f, Json& out) {
+  out.Bool(SetWindowPos(WindowOf(f[1]), nullptr, IntOf(f[2]), IntOf(f[3]), 0, 0,
+                        SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE));
+}
+
 void SetText(const Fields& f, Json& out) {
   const std::wstring text = ToWide(f[2]);
   out.Number(Ask(WindowOf(f[1]), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str())));
@@ -110,14 +115,23 @@ struct Request {
 };
 
 constexpr Request kRequests[] = {
-    {"desktop", 1, Desktop},     {"everything", 1, Everything},
-    {"tree", 2, Tree},           {"text", 2, Text},
-    {"focus", 1, Focus},         {"keys", 2, Keys},
-    {"type", 2, Type},           {"click", 5, MouseClick},
-    {"post", 5, Post},           {"send", 5, Send},
-    {"settext", 3, SetText},     {"activate", 2, Activate},
-    {"clipboard", 1, Clipboard}, {"setclipboard", 2, SetClipboard},
-    {"hold", 2, Hold},           {"release", 1, Release},
+    {"desktop", 1, Desktop},
+    {"everything", 1, Everything},
+    {"tree", 2, Tree},
+    {"text", 2, Text},
+    {"focus", 1, Focus},
+    {"keys", 2, Keys},
+    {"type", 2, Type},
+    {"click", 5, MouseClick},
+    {"post", 5, Post},
+    {"send", 5, Send},
+    {"move", 4, Move},
+    {"settext", 3, SetText},
+    {"activate", 2, Activate},
+    {"clipboard", 1, Clipboard},
+    {"setclipboard", 2, SetClipboard},
+    {"hold", 2, Hold},
+    {"release", 1, Release},
 };
 
 Fields Split(const std::string& line) {

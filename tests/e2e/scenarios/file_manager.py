@@ -179,9 +179,8 @@ class FileManager(Scenario):
 
     def test_comes_back_where_it_stood(self):
         program, dialog = self.manage()
-        left, top, right, _ = dialog.facts["rect"]
-        middle = (left + right) // 2
-        self.stage.probe.ask("drag", middle, top + 10, middle + 60, top + 50)
+        left, top, _, _ = dialog.facts["rect"]
+        self.stage.probe.ask("move", dialog.handle, left + 60, top + 40)
         self.stage.wait(lambda: program.window(dialog).facts["rect"] != dialog.facts["rect"], "the dialog to move")
         place = program.window(dialog).facts["rect"]
         program.press(dialog, "Close")
