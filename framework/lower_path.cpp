@@ -46,26 +46,25 @@ std::set<std::string> AmbiguousNames(const std::string& directory) {
 }  // namespace
 
 std::string LowerPaths::Lower(std::string_view path) {
-  std::string_view directory = DirectoryPart(path), name = FileNamePart(path);
+  std::string_view name = FileNamePart(path);
   std::string lowerName = LowerCase(name);
-  if (directory_ != directory) Enter(directory);
-  if (lowerName == name) return lowerDirectory_ + lowerName;
-  return lowerDirectory_ + (IsTaken(std::string(path), lowerName) ? std::string(name) : lowerName);
+  auto found = directories_.find(DirectoryPart(path));
+  if (found == directories_.end())
+    found = directories_.emplace(DirectoryPart(path), Directory(DirectoryPart(path))).first;
+  Directory& directory = found->second;
+  if (lowerName == name) return directory.lower + lowerName;
+  return directory.lower + (directory.IsTaken(std::string(path), lowerName) ? std::string(name) : lowerName);
 }
 
-void LowerPaths::Enter(std::string_view directory) {
-  directory_ = directory;
-  lowerDirectory_ = LowerCase(directory);
-  if (IsAnother(directory_, lowerDirectory_)) lowerDirectory_ = directory_;
-  asked_ = 0;
-  ambiguous_.reset();
+LowerPaths::Directory::Directory(std::string_view name) : path(name), lower(LowerCase(name)) {
+  if (IsAnother(path, lower)) lower = path;
 }
 
 // Whether the name in lower case is that of another file.
-bool LowerPaths::IsTaken(const std::string& path, const std::string& lowerName) {
-  if (++asked_ <= kListAfter) return IsAnother(path, lowerDirectory_ + lowerName);
-  if (!ambiguous_) ambiguous_ = AmbiguousNames(directory_);
-  return ambiguous_->contains(lowerName);
+bool LowerPaths::Directory::IsTaken(const std::string& file, const std::string& lowerName) {
+  if (++asked <= kListAfter) return IsAnother(file, lower + lowerName);
+  if (!ambiguous) ambiguous = AmbiguousNames(path);
+  return ambiguous->contains(lowerName);
 }
 
 }  // namespace tarrow

@@ -5,6 +5,8 @@
 // worse than to show a capital letter.
 #pragma once
 
+#include <functional>
+#include <map>
 #include <optional>
 #include <set>
 #include <string>
@@ -15,16 +17,20 @@ namespace tarrow {
 class LowerPaths {
  public:
   // `path` in lower case, or with the letters that it needs to name the file that it names. Remembers what it
-  // learns of a directory: an object is for one list of files, or one question.
+  // learns of directories: an object is for one list of files, or one question.
   [[nodiscard]] std::string Lower(std::string_view path);
 
  private:
-  void Enter(std::string_view directory);
-  bool IsTaken(const std::string& path, const std::string& lowerName);
+  struct Directory {
+    std::string path, lower;                         // with the separator behind it
+    int asked = 0;                                   // about names in it
+    std::optional<std::set<std::string>> ambiguous;  // its names that differ in case only, in lower case
 
-  std::string directory_, lowerDirectory_;          // with the separator behind it
-  int asked_ = 0;                                   // about names in that directory
-  std::optional<std::set<std::string>> ambiguous_;  // its names that differ in case only, in lower case
+    explicit Directory(std::string_view path);
+    bool IsTaken(const std::string& file, const std::string& lowerName);
+  };
+
+  std::map<std::string, Directory, std::less<>> directories_;
 };
 
 }  // namespace tarrow
