@@ -48,10 +48,8 @@ std::set<std::string> AmbiguousNames(const std::string& directory) {
 std::string LowerPaths::Lower(std::string_view path) {
   std::string_view name = FileNamePart(path);
   std::string lowerName = LowerCase(name);
-  auto found = directories_.find(DirectoryPart(path));
-  if (found == directories_.end())
-    found = directories_.emplace(DirectoryPart(path), Directory(DirectoryPart(path))).first;
-  Directory& directory = found->second;
+  std::string_view part = DirectoryPart(path);
+  Directory& directory = directories_.try_emplace(std::string(part), part).first->second;
   if (lowerName == name) return directory.lower + lowerName;
   return directory.lower + (directory.IsTaken(std::string(path), lowerName) ? std::string(name) : lowerName);
 }

@@ -5,7 +5,6 @@
 // worse than to show a capital letter.
 #pragma once
 
-#include <functional>
 #include <map>
 #include <optional>
 #include <set>
@@ -30,7 +29,7 @@ class LowerPaths {
     bool IsTaken(const std::string& file, const std::string& lowerName);
   };
 
-  std::map<std::string, Directory, std::less<>> directories_;
+  std::map<std::string, Directory> directories_;
 };
 
 }  // namespace tarrow
